@@ -177,6 +177,9 @@ inline bool operator==(const CString& a, LPCTSTR b) {
 inline bool operator==(const CString& a, std::wstring_view b) {
   return a.view() == b;
 }
+inline bool operator==(const CString& a, const std::wstring& b) {
+  return a.view() == b;
+}
 template <int N>
 bool operator==(const CString& a, const WText<N>& b) {
   return a.view() == b.view();
