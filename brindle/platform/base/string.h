@@ -137,63 +137,58 @@ class CString {
   void Preallocate(int length);
   void FreeExtra() { text_.shrink_to_fit(); }
 
+  friend CString operator+(const CString& a, const CString& b) { return a.joined(b.view()); }
+  friend CString operator+(const CString& a, LPCTSTR b) { return a.joined(or_empty(b)); }
+  friend CString operator+(LPCTSTR a, const CString& b) { return CString(a).joined(b.view()); }
+  friend CString operator+(const CString& a, wchar_t b) { return a.joined({&b, 1}); }
+  friend CString operator+(wchar_t a, const CString& b) { return CString(a).joined(b.view()); }
+  template <int N>
+  friend CString operator+(const CString& a, const WText<N>& b) {
+    return a.joined(b.view());
+  }
+  template <int N>
+  friend CString operator+(const WText<N>& a, const CString& b) {
+    return CString(a).joined(b.view());
+  }
+  // A number isn't a character: `text + 1` is a slip.
+  template <class Number>
+  requires std::is_arithmetic_v<Number>
+  friend CString operator+(const CString& a, Number b) = delete;
+  template <class Number>
+  requires std::is_arithmetic_v<Number>
+  friend CString operator+(Number a, const CString& b) = delete;
+
+  // Exact, and ordered by character codes.
+  friend bool operator==(const CString& a, const CString& b) { return a.text_ == b.text_; }
+  friend bool operator==(const CString& a, LPCTSTR b) { return a.view() == or_empty(b); }
+  friend bool operator==(const CString& a, std::wstring_view b) { return a.view() == b; }
+  friend bool operator==(const CString& a, const std::wstring& b) { return a.text_ == b; }
+  template <int N>
+  friend bool operator==(const CString& a, const WText<N>& b) {
+    return a.view() == b.view();
+  }
+  friend std::strong_ordering operator<=>(const CString& a, const CString& b) {
+    return a.text_ <=> b.text_;
+  }
+  friend std::strong_ordering operator<=>(const CString& a, LPCTSTR b) {
+    return a.view() <=> or_empty(b);
+  }
+  template <int N>
+  friend std::strong_ordering operator<=>(const CString& a, const WText<N>& b) {
+    return a.view() <=> b.view();
+  }
+
  private:
   static std::wstring_view or_empty(LPCTSTR text) {
     return text == nullptr ? std::wstring_view() : std::wstring_view(text);
   }
   static std::size_t checked(int index, int last);
+  CString joined(std::wstring_view end) const;
   CString& trim_left(std::wstring_view set);
   CString& trim_right(std::wstring_view set);
 
   std::wstring text_;
 };
-
-CString operator+(const CString& a, const CString& b);
-CString operator+(const CString& a, LPCTSTR b);
-CString operator+(LPCTSTR a, const CString& b);
-CString operator+(const CString& a, wchar_t b);
-CString operator+(wchar_t a, const CString& b);
-template <int N>
-CString operator+(const CString& a, const WText<N>& b) {
-  return CString(a).Append(b.view());
-}
-template <int N>
-CString operator+(const WText<N>& a, const CString& b) {
-  return CString(a).Append(b.view());
-}
-// A number isn't a character: `text + 1` is a slip.
-template <class Number, class = std::enable_if_t<std::is_arithmetic_v<Number>>>
-CString operator+(const CString& a, Number b) = delete;
-template <class Number, class = std::enable_if_t<std::is_arithmetic_v<Number>>>
-CString operator+(Number a, const CString& b) = delete;
-
-// Exact, by character codes.
-inline bool operator==(const CString& a, const CString& b) {
-  return a.view() == b.view();
-}
-inline bool operator==(const CString& a, LPCTSTR b) {
-  return a.Compare(b) == 0;
-}
-inline bool operator==(const CString& a, std::wstring_view b) {
-  return a.view() == b;
-}
-inline bool operator==(const CString& a, const std::wstring& b) {
-  return a.view() == b;
-}
-template <int N>
-bool operator==(const CString& a, const WText<N>& b) {
-  return a.view() == b.view();
-}
-inline std::strong_ordering operator<=>(const CString& a, const CString& b) {
-  return a.view() <=> b.view();
-}
-inline std::strong_ordering operator<=>(const CString& a, LPCTSTR b) {
-  return a.Compare(b) <=> 0;
-}
-template <int N>
-std::strong_ordering operator<=>(const CString& a, const WText<N>& b) {
-  return a.view() <=> b.view();
-}
 
 }  // namespace brindle
 
