@@ -14,7 +14,7 @@ void Show_JsProgress(int percent) {
   if (g_pJsProgress) g_pJsProgress->SetPos(std::clamp(percent, 1, 100));
 }
 
-void Show_JsInfo(CString text) {
+void Show_JsInfo(const CString& text) {
   if (!g_pJsInfo) return;
   CString content;
   g_pJsInfo->GetWindowText(content);

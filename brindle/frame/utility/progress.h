@@ -17,6 +17,6 @@ void Show_JsProgress(int percent);
 
 // Appends `text` as a new line ("\r\n" between lines) to g_pJsInfo and scrolls to it. Nothing
 // without a box.
-void Show_JsInfo(CString text);
+void Show_JsInfo(const CString& text);
 
 }  // namespace brindle
