@@ -22,17 +22,16 @@ double CSpeedBench::Run() const {
   return std::chrono::duration<double, std::milli>(measured()).count();
 }
 
-CString CSpeedBench::full_time_text(const wchar_t* title) const {
-  const auto total = std::chrono::duration_cast<std::chrono::milliseconds>(measured()).count();
-  const int milliseconds = static_cast<int>(total % 1000);
-  const auto seconds = total / 1000;
-  return wformat(L"%s %d时%d分%d.%.3d秒\t", title ? title : L"", static_cast<int>(seconds / 3600),
-                 static_cast<int>(seconds / 60 % 60), static_cast<int>(seconds % 60), milliseconds)
+CString CSpeedBench::time_text(const wchar_t* title, std::chrono::milliseconds time) {
+  const auto total = time.count();
+  return wformat(L"%s %d时%d分%d.%.3d秒\t", title ? title : L"", total / 3600000,
+                 total / 60000 % 60, total / 1000 % 60, total % 1000)
       .c_str();
 }
 
 void CSpeedBench::full_time_show(const wchar_t* title) const {
-  tell_error(0, full_time_text(title));
+  tell_error(0,
+             time_text(title, std::chrono::duration_cast<std::chrono::milliseconds>(measured())));
 }
 
 }  // namespace brindle

@@ -16,11 +16,12 @@ class CSpeedBench {
   void End();
   // Milliseconds measured so far, with those of the span that runs.
   double Run() const;
-  // The time measured so far as "%s %d时%d分%d.%.3d秒\t": title, hours, minutes, seconds with
-  // milliseconds, cut, not rounded.
-  CString full_time_text(const wchar_t* title) const;
-  // Tells that text as a line of running commentary (tell_error code 0).
+  // Tells the time measured so far, in the form of time_text, as a line of running commentary
+  // (tell_error code 0).
   void full_time_show(const wchar_t* title) const;
+
+  // "%s %d时%d分%d.%.3d秒\t": the title, hours, minutes, seconds and milliseconds.
+  static CString time_text(const wchar_t* title, std::chrono::milliseconds time);
 
  private:
   using Clock = std::chrono::steady_clock;
