@@ -32,9 +32,8 @@ class CodePage {
   virtual void encode(std::wstring_view text, std::string& out) const = 0;
   std::string encode(std::wstring_view text) const;
 
-  // The first character of `count` > 0 bytes: sets it and returns the number of its bytes (U+FFFD
-  // and 1 when the first byte is invalid), or returns 0 when more bytes are needed to tell. 4 bytes
-  // always suffice.
+  // The first character of `count` > 0 bytes. Returns the number of its bytes, at most 4; 0 when
+  // more bytes are needed to tell; or -n when the first n bytes are invalid, each by itself.
   virtual int decode_one(const char* bytes, int count, char32_t& character) const = 0;
 
   // Bytes below 0x80 stand for themselves wherever a character starts.
