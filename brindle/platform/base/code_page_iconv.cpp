@@ -44,7 +44,7 @@ class IconvPage final : public CodePage {
     from_page_.reset();
     const char* in = bytes.data();
     const char* const end = in + bytes.size();
-    char32_t buffer[256];
+    char32_t buffer[1024];
     char* const start = reinterpret_cast<char*>(buffer);
     int error = 0;
     do {
@@ -52,7 +52,7 @@ class IconvPage final : public CodePage {
       error = from_page_.run(in, end, to, start + sizeof buffer);
       if (error == 0) from_page_.flush(to, start + sizeof buffer);
       const auto count = static_cast<std::size_t>(to - start) / sizeof(char32_t);
-      for (std::size_t i = 0; i < count; ++i) append_character(out, buffer[i]);
+      append(buffer, count, out);
       if (error != 0 && error != E2BIG) {
         if (in == end) break;
         append_character(out, kInvalidCharacter);
@@ -94,6 +94,14 @@ class IconvPage final : public CodePage {
   }
 
  private:
+  static void append(const char32_t* characters, std::size_t count, std::wstring& out) {
+    if constexpr (sizeof(wchar_t) == sizeof(char32_t)) {
+      out.append(characters, characters + count);
+    } else {
+      for (std::size_t i = 0; i < count; ++i) append_character(out, characters[i]);
+    }
+  }
+
   void append(std::u32string& characters, std::string& out) const {
     char32_t* next = characters.data();
     const char* const end = reinterpret_cast<const char*>(next + characters.size());

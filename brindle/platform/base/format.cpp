@@ -382,6 +382,14 @@ void format_append(std::wstring& out, const wchar_t* format, const FormatArg* ar
   if (format != nullptr) Formatter(out, format, args, count).run();
 }
 
+bool format_mismatch_aborts() {
+#ifdef BRINDLE_CHECK_FORMATS
+  return true;
+#else
+  return false;
+#endif
+}
+
 int copy_formatted(wchar_t* buffer, std::size_t size, const std::wstring& text) {
   if (size == 0) return -1;
   const std::size_t length = std::min(size - 1, text.size());

@@ -90,6 +90,9 @@ struct FormatArg {
 void format_append(std::wstring& out, const wchar_t* format, const FormatArg* args,
                    std::size_t count);
 
+// Whether an argument that doesn't fit ends the program: in debug and sanitizer builds.
+bool format_mismatch_aborts();
+
 template <class... Args>
 std::wstring wformat(const wchar_t* format, const Args&... args) {
   std::wstring out;
@@ -108,8 +111,9 @@ template <class... Args>
 int swprintf(wchar_t* buffer, std::size_t size, const wchar_t* format, const Args&... args) {
   return copy_formatted(buffer, size, wformat(format, args...));
 }
-template <std::size_t N, class... Args>
-int swprintf(wchar_t (&buffer)[N], const wchar_t* format, const Args&... args) {
+template <std::size_t N, class Format, class... Args>
+requires std::is_convertible_v<const Format&, const wchar_t*>
+int swprintf(wchar_t (&buffer)[N], const Format& format, const Args&... args) {
   return copy_formatted(buffer, N, wformat(format, args...));
 }
 

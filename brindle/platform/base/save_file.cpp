@@ -17,17 +17,18 @@ std::string folder_of(const std::string& path) {
   return path.substr(0, path.rfind('/') + 1);  // with its slash; empty without one
 }
 
-// The file that a chain of symbolic links ends at, whether it exists or not.
+// The file that a chain of symbolic links ends at, whether it exists or not; empty for a ring.
 std::string follow_links(std::string path) {
   constexpr int kMostLinks = 40;
   for (int i = 0; i < kMostLinks; ++i) {
     char link[4096];
     const ssize_t length = readlink(path.c_str(), link, sizeof link);
-    if (length <= 0 || length == static_cast<ssize_t>(sizeof link)) break;
+    if (length < 0) return path;
+    if (length == static_cast<ssize_t>(sizeof link)) break;
     const std::string next(link, static_cast<std::size_t>(length));
     path = next[0] == '/' ? next : folder_of(path) + next;
   }
-  return path;
+  return {};
 }
 
 bool is_folder(const std::string& path) {
@@ -60,7 +61,7 @@ SaveFile::SaveFile(const wchar_t* path) : target_(follow_links(to_path(path))) {
     stream_ = std::fopen(target_.c_str(), "wbe");
     return;
   }
-  if (exists && access(target_.c_str(), W_OK) != 0) return;
+  if (exists && faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return;
   const int file = create_beside(target_, temporary_);
   if (file < 0) {
     temporary_.clear();

@@ -21,7 +21,8 @@ class SaveFile {
   // The byte stream to write to, until commit(). Owned by this object: don't close it.
   std::FILE* stream() const { return stream_; }
 
-  // Could not start because the folder doesn't exist or the target is a directory.
+  // Could not start because the folder doesn't exist or the target is a directory, or because its
+  // links run in a ring.
   bool target_missing_or_unusable() const { return target_unusable_; }
 
   // True when every byte since the start was written, flushed and closed and the file took its

@@ -1,0 +1,254 @@
+#include "brindle/platform/base/string.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <unordered_map>
+#include <vector>
+
+#include "brindle/platform/base/code_page.h"
+#include "brindle/platform/base/exception.h"
+
+namespace brindle {
+namespace {
+
+const wchar_t* const kNull = nullptr;
+
+TEST(CString, IsMadeOfEverySource) {
+  EXPECT_EQ(CString(), L"");
+  EXPECT_EQ(CString(kNull), L"");
+  EXPECT_EQ(CString(L"abc", 2), L"ab");
+  EXPECT_EQ(CString(L'x', 3), L"xxx");
+  EXPECT_EQ(CString(L'x', -1), L"");
+  EXPECT_EQ(CString("\xb8\xd6\xbd\xee"
+                    "12"),
+            L"钢筋12");
+  EXPECT_EQ(CString(WText<10>(L"field")), L"field");
+  EXPECT_THROW(CString(L"abc", -1), CInvalidArgException);
+  CString text;
+  text = L'y';
+  EXPECT_EQ(text, L"y");
+  text = "ansi";
+  EXPECT_EQ(text, L"ansi");
+  text = text.GetString() + 2;  // part of itself
+  EXPECT_EQ(text, L"si");
+  text = kNull;
+  EXPECT_TRUE(text.IsEmpty());
+}
+
+TEST(CString, ChecksItsIndexes) {
+  CString text(L"abc");
+  EXPECT_EQ(text[0], L'a');
+  EXPECT_EQ(text[std::size_t{2}], L'c');
+  EXPECT_EQ(text.GetAt(3), L'\0');
+  text.SetAt(2, L'z');
+  EXPECT_EQ(text, L"abz");
+  EXPECT_THROW(text.GetAt(4), CInvalidArgException);
+  EXPECT_THROW(text[-1], CInvalidArgException);
+  EXPECT_THROW(text.SetAt(3, L'x'), CInvalidArgException);
+}
+
+TEST(CString, JoinsOnBothSides) {
+  const CString b(L"b");
+  const WText<5> field(L"f");
+  EXPECT_EQ(L"a" + b + L'c' + b + field, L"abcbf");
+  EXPECT_EQ(L'a' + b, L"ab");
+  EXPECT_EQ(field + b, L"fb");
+  EXPECT_EQ(b + kNull, L"b");
+  CString text;
+  text += b;
+  text += L"12";
+  text += L'3';
+  text += "4";
+  text += field;
+  text.Append(L"xyz", 2);
+  text.AppendFormat(L"%03d|%s", 7, b);
+  EXPECT_EQ(text, L"b1234fxy007|b");
+  text = b;
+  text += text;
+  EXPECT_EQ(text, L"bb");
+}
+
+TEST(CString, Compares) {
+  const struct {
+    const wchar_t *a, *b;
+    int exact, no_case, collate;
+  } cases[] = {
+      {L"", L"", 0, 0, 0},         {L"abc", L"abd", -1, -1, -1}, {L"abc", L"ab", 1, 1, 1},
+      {L"ABC", L"abc", -1, 0, -1}, {L"b", L"C", 1, -1, -1},      {L"z", L"钢", -1, -1, -1},
+      {L"中", L"安", -1, -1, 1},  // pinyin: an before zhong; by code U+4E2D before U+5B89
+  };
+  const auto sign = [](int value) { return (value > 0) - (value < 0); };
+  for (const auto& c : cases) {
+    const CString a(c.a), b(c.b);
+    EXPECT_EQ(sign(a.Compare(b)), c.exact) << c.a << c.b;
+    EXPECT_EQ(sign(a.CompareNoCase(b)), c.no_case) << c.a << c.b;
+    EXPECT_EQ(sign(a.Collate(b)), c.collate) << c.a << c.b;
+    EXPECT_EQ(sign(b.Compare(a)), -c.exact) << c.a << c.b;
+    EXPECT_EQ(a == b, c.exact == 0);
+    EXPECT_EQ(a < b, c.exact < 0);
+    EXPECT_EQ(a >= c.b, c.exact >= 0);
+    EXPECT_EQ(c.a != b, c.exact != 0);
+  }
+  EXPECT_EQ(CString(L"").Compare(kNull), 0);
+  EXPECT_TRUE(CString(L"t") == WText<9>(L"t") && WText<9>(L"t") == CString(L"t"));
+  EXPECT_TRUE(CString(L"t") == std::wstring(L"t") && CString(L"t") != std::wstring_view(L"u"));
+}
+
+TEST(CString, CutsParts) {
+  const CString text(L"abcdef");
+  const struct {
+    CString part;
+    const wchar_t* expected;
+  } cases[] = {
+      {text.Mid(2), L"cdef"},
+      {text.Mid(6), L""},
+      {text.Mid(99), L""},
+      {text.Mid(-3), L"abcdef"},
+      {text.Mid(-3, 2), L"ab"},
+      {text.Mid(2, 2), L"cd"},
+      {text.Mid(4, 99), L"ef"},
+      {text.Mid(2, -1), L""},
+      {text.Mid(2, 2147483647), L"cdef"},
+      {text.Left(2), L"ab"},
+      {text.Left(-1), L""},
+      {text.Left(99), L"abcdef"},
+      {text.Right(2), L"ef"},
+      {text.Right(-1), L""},
+      {text.Right(99), L"abcdef"},
+      {text.SpanIncluding(L"cba"), L"abc"},
+      {text.SpanIncluding(L"x"), L""},
+      {text.SpanExcluding(L"ed"), L"abc"},
+      {text.SpanExcluding(L""), L"abcdef"},
+      {text.SpanIncluding(kNull), L""},
+  };
+  for (std::size_t i = 0; i < std::size(cases); ++i)
+    EXPECT_EQ(cases[i].part, cases[i].expected) << i;
+}
+
+TEST(CString, FindsAndEdits) {
+  const CString text(L"abcabc");
+  EXPECT_EQ(text.Find(L'b'), 1);
+  EXPECT_EQ(text.Find(L'b', 2), 4);
+  EXPECT_EQ(text.Find(L"ca"), 2);
+  EXPECT_EQ(text.Find(L"", 6), 6);
+  for (const int start : {7, -1}) {
+    EXPECT_EQ(text.Find(L'a', start), -1);
+    EXPECT_EQ(text.Find(L"a", start), -1);
+  }
+  EXPECT_EQ(text.Find(kNull), -1);
+  EXPECT_EQ(text.ReverseFind(L'b'), 4);
+  EXPECT_EQ(text.ReverseFind(L'x'), -1);
+  EXPECT_EQ(text.FindOneOf(L"xc"), 2);
+  EXPECT_EQ(text.FindOneOf(L""), -1);
+
+  CString edited(L"abc");
+  EXPECT_EQ(edited.Insert(1, L'-'), 4);
+  EXPECT_EQ(edited.Insert(99, L"!!"), 6);
+  EXPECT_EQ(edited.Insert(-5, edited), 12);
+  EXPECT_EQ(edited, L"a-bc!!a-bc!!");
+  EXPECT_EQ(edited.Delete(6, 99), 6);
+  EXPECT_EQ(edited.Delete(6), 6);
+  EXPECT_EQ(edited.Delete(1), 5);
+  EXPECT_EQ(edited, L"abc!!");
+  EXPECT_THROW(edited.Delete(-1, 1), CInvalidArgException);
+  EXPECT_THROW(edited.Delete(0, -1), CInvalidArgException);
+  EXPECT_EQ(edited.Remove(L'!'), 2);
+  EXPECT_EQ(edited, L"abc");
+}
+
+TEST(CString, Replaces) {
+  const struct {
+    const wchar_t *text, *from, *to, *expected;
+    int count;
+  } cases[] = {
+      {L"a,b,c", L",", L"", L"abc", 2}, {L"aaa", L"aa", L"b", L"ba", 1},
+      {L"aa", L"a", L"aa", L"aaaa", 2}, {L"abc", L"x", L"y", L"abc", 0},
+      {L"abc", L"", L"y", L"abc", 0},   {L"abc", L"b", nullptr, L"ac", 1},
+  };
+  for (const auto& c : cases) {
+    CString text(c.text);
+    EXPECT_EQ(text.Replace(c.from, c.to), c.count) << c.text;
+    EXPECT_EQ(text, c.expected);
+  }
+  CString text(L"a.b.c");
+  EXPECT_EQ(text.Replace(L'.', L','), 2);
+  EXPECT_EQ(text, L"a,b,c");
+}
+
+TEST(CString, TrimsAndTurnsCase) {
+  EXPECT_EQ(CString(L" \t\r\n\u3000a b \u3000\n").Trim(), L"a b");
+  EXPECT_EQ(CString(L" \n ").Trim(), L"");
+  EXPECT_EQ(CString(L" a ").TrimLeft(), L"a ");
+  EXPECT_EQ(CString(L" a ").TrimRight(), L" a");
+  EXPECT_EQ(CString(L"xxaxx").Trim(L'x'), L"a");
+  EXPECT_EQ(CString(L"xyaxy").TrimRight(L"yx"), L"xya");
+  EXPECT_EQ(CString(L"xyaxy").TrimLeft(L"yx"), L"axy");
+  EXPECT_EQ(CString(L"aZ1αб中").MakeUpper(), L"AZ1αб中");
+  EXPECT_EQ(CString(L"aZ1ΑБ中").MakeLower(), L"az1ΑБ中");
+  EXPECT_EQ(CString(L"abc").MakeReverse(), L"cba");
+}
+
+TEST(CString, Tokenizes) {
+  const struct {
+    const wchar_t *text, *set;
+    std::vector<CString> pieces;
+  } cases[] = {
+      {L"a,b;;c,", L",;", {L"a", L"b", L"c"}},
+      {L",,", L",", {}},
+      {L"", L",", {}},
+      {L"one", L",", {L"one"}},
+      {L"a b", L"", {L"a b"}},
+  };
+  for (const auto& c : cases) {
+    std::vector<CString> pieces;
+    int position = 0;
+    const CString text(c.text);
+    for (CString piece = text.Tokenize(c.set, position); position != -1;
+         piece = text.Tokenize(c.set, position)) {
+      pieces.push_back(piece);
+      ASSERT_LT(pieces.size(), 10u);
+    }
+    EXPECT_EQ(pieces, c.pieces) << c.text;
+  }
+  int position = -1;
+  EXPECT_THROW(CString(L"a").Tokenize(L",", position), CInvalidArgException);
+}
+
+TEST(CString, LendsItsBuffer) {
+  CString text(L"abc");
+  wchar_t* buffer = text.GetBuffer(10);
+  EXPECT_STREQ(buffer, L"abc");
+  std::copy_n(L"0123456789", 11, buffer);
+  text.ReleaseBuffer(4);
+  EXPECT_EQ(text, L"0123");
+  text.GetBuffer(100);
+  text.ReleaseBuffer();
+  EXPECT_EQ(text.GetLength(), 4);
+  text.GetBufferSetLength(6)[4] = L'x';
+  text.ReleaseBuffer();
+  EXPECT_EQ(text, L"0123x");
+  text.Truncate(2);
+  EXPECT_EQ(text, L"01");
+  EXPECT_THROW(text.GetBuffer(-1), CInvalidArgException);
+  EXPECT_THROW(text.ReleaseBuffer(99), CInvalidArgException);
+  EXPECT_THROW(text.Truncate(3), CInvalidArgException);
+}
+
+TEST(CString, FormatsItself) {
+  CString text(L"x");
+  text.Format(L"%s=%d", text, 5);
+  EXPECT_EQ(text, L"x=5");
+}
+
+TEST(CString, IsAKeyOfMaps) {
+  std::map<CString, int> ordered;
+  std::unordered_map<CString, int> hashed;
+  for (const wchar_t* name : {L"b", L"a", L"b"}) ++ordered[name], ++hashed[name];
+  EXPECT_EQ(ordered.begin()->first, L"a");
+  EXPECT_EQ(ordered[L"b"], 2);
+  EXPECT_EQ(hashed[L"b"], 2);
+}
+
+}  // namespace
+}  // namespace brindle
