@@ -1,11 +1,11 @@
 // CArchive: the framework's binary stream over a CFile. It either stores or loads, little-endian.
 #pragma once
 
-#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <string_view>
 #include <type_traits>
 
 #include "brindle/platform/base/string.h"
@@ -111,6 +111,8 @@ class CArchive {
   void put_length(std::uint64_t length);
   void require_storing() const;
   void require_loading() const;
+  void write_out();
+  void write_all(std::string_view bytes);
   // Loads exactly `count` bytes.
   void read_all(void* data, std::size_t count);
   CString load_text(ULONGLONG length, bool wide);

@@ -42,7 +42,7 @@ class CFile : public CObject {
     typeBinary = 0x8000
   };
   enum SeekPosition { begin = 0, current = 1, end = 2 };
-  enum Attribute { normal = 0x00, readOnly = 0x01, hidden = 0x02, directory = 0x10 };
+  enum Attribute { normal = 0x00, readOnly = 0x01, directory = 0x10 };
   static constexpr int hFileNull = -1;
 
   CFile() = default;
@@ -101,8 +101,8 @@ class CMemFile : public CFile {
 
   // Works on a block of the caller's from now on. With grow_bytes 0 the file starts with the
   // block's `size` bytes as contents, the block stays the caller's and can't grow: a write past its
-  // end throws `diskFull`. Otherwise the block must come from malloc, becomes the file's, and the
-  // file starts empty.
+  // end throws CMemoryException. Otherwise the block must come from malloc, becomes the file's, and
+  // the file starts empty.
   void Attach(BYTE* buffer, UINT size, UINT grow_bytes = 0);
   // Hands out the block, which the caller frees with free() unless it was the caller's, and leaves
   // the file closed. Null when nothing was ever written.
@@ -159,6 +159,10 @@ class CStdioFile : public CFile {
   void WriteString(LPCTSTR text);
 
   std::FILE* m_pStream = nullptr;
+
+ private:
+  // Throws `invalidFile` when there is none.
+  std::FILE* open_stream() const;
 };
 
 }  // namespace brindle

@@ -23,6 +23,11 @@ INT_PTR exchange_count(CArchive& archive, INT_PTR count, std::size_t element_byt
 void exchange_numbers(CArchive& archive, void* numbers, std::size_t size, std::size_t count);
 void exchange_string(CArchive& archive, CString& text);
 
+// A number whose bits mean the same everywhere.
+template <class T>
+concept PlainNumber = (std::is_arithmetic_v<T> || std::is_enum_v<T>)&&!std::is_same_v<T, bool> &&
+                      !std::is_same_v<T, wchar_t> && sizeof(T) <= 8;
+
 template <class T>
 concept SelfSerializing = requires(T& element, CArchive& archive) {
   element.Serialize(archive);
@@ -31,7 +36,7 @@ concept SelfSerializing = requires(T& element, CArchive& archive) {
 // The fewest bytes that an element takes in an archive.
 template <class T>
 constexpr std::size_t least_bytes() {
-  return std::is_arithmetic_v<T> || std::is_enum_v<T> ? sizeof(T) : 1;
+  return PlainNumber<T> ? sizeof(T) : 1;
 }
 
 }  // namespace serialization
@@ -41,9 +46,15 @@ constexpr std::size_t least_bytes() {
 // CNotSupportedException: their bits would mean nothing on loading.
 template <class TYPE>
 void SerializeElements(CArchive& archive, TYPE* elements, INT_PTR count) {
-  if constexpr (std::is_arithmetic_v<TYPE> || std::is_enum_v<TYPE>) {
+  if constexpr (serialization::PlainNumber<TYPE>) {
     serialization::exchange_numbers(archive, elements, sizeof(TYPE),
                                     static_cast<std::size_t>(count));
+  } else if constexpr (std::is_same_v<TYPE, bool>) {
+    for (INT_PTR i = 0; i < count; ++i) {
+      BYTE byte = elements[i];
+      serialization::exchange_numbers(archive, &byte, 1, 1);
+      elements[i] = byte != 0;
+    }
   } else if constexpr (std::is_same_v<TYPE, CString>) {
     for (INT_PTR i = 0; i < count; ++i) serialization::exchange_string(archive, elements[i]);
   } else if constexpr (serialization::SelfSerializing<TYPE>) {
