@@ -144,7 +144,9 @@ TEST_F(Saving, FailsWhereWritingIsForbidden) {
   chmod(folder_.c_str(), 0555);
   const SaveFile in_read_only(path("a").c_str());
   chmod(folder_.c_str(), 0755);
-  if (is_root) ASSERT_EQ(seteuid(0), 0);
+  if (is_root) {
+    ASSERT_EQ(seteuid(0), 0);
+  }
   EXPECT_EQ(to_read_only.stream(), nullptr);
   EXPECT_FALSE(to_read_only.target_missing_or_unusable());
   EXPECT_EQ(in_read_only.stream(), nullptr);
