@@ -24,12 +24,22 @@ void skip_rest_of_line(const wchar_t* piece, std::FILE* stream) {
   while (!ends_line(piece) && brindle::fgetws(rest, kPieceSize, stream)) piece = rest;
 }
 
+// The next byte without taking it, EOF at the end.
+int peek(std::FILE* stream) {
+  const int c = std::fgetc(stream);
+  if (c != EOF) std::ungetc(c, stream);
+  return c;
+}
+
 template <class IsSkipped>
 wchar_t* next_line(wchar_t* buf, int size, std::FILE* stream, IsSkipped is_skipped) {
   if (size < 1) return buf;
   buf[0] = 0;
   if (!stream) return buf;
-  while (brindle::fgetws(buf, size, stream) && is_skipped(buf)) skip_rest_of_line(buf, stream);
+  while (brindle::fgetws(buf, size, stream) && is_skipped(buf)) {
+    skip_rest_of_line(buf, stream);
+    if (peek(stream) == EOF) break;  // `buf` keeps the last line that was skipped
+  }
   if (buf[0] == L'\n') buf[0] = 0;
   return buf;
 }
@@ -48,14 +58,7 @@ bool separates_units(wchar_t c) {
   return c == L' ' || c == L',' || c == L'\n' || c == L'\r';
 }
 
-// The next byte without taking it, EOF at the end. Separators are single bytes in every code page,
-// so that a byte is enough to see one.
-int peek(std::FILE* stream) {
-  const int c = std::fgetc(stream);
-  if (c != EOF) std::ungetc(c, stream);
-  return c;
-}
-
+// Separators are single bytes in every code page, so that a byte is enough to see one.
 bool peek_separator(std::FILE* stream) {
   const int c = peek(stream);
   return c != EOF && separates_units(static_cast<wchar_t>(c));
