@@ -55,12 +55,18 @@ TEST(Scanner, WritesZeroWhenTheInputIsFinished) {
   EXPECT_EQ((std::vector{a, b, c}), (std::vector{1, 0, 3}));
   // An empty field in front of the line end is 0, not the number on the next line.
   a = b = 9;
-  EXPECT_EQ(JSVsscanf::vsscanf(L"1,\n7", L"%d,%d", &a, &b), 2);
-  EXPECT_EQ(b, 0);
-
   long l = 9;
   float f = 9;
   double g = 9;
+  EXPECT_EQ(JSVsscanf::vsscanf(L"1,\n7", L"%d,%d", &a, &b), 2);
+  EXPECT_EQ(JSVsscanf::vsscanf(L"\n7", L"%f", &f), 1);
+  EXPECT_EQ(JSVsscanf::vsscanf(L"\n7", L"%g", &g), 1);
+  EXPECT_EQ(b, 0);
+  EXPECT_EQ(f, 0.0f);
+  EXPECT_EQ(g, 0.0);
+
+  f = 9;
+  g = 9;
   wchar_t s[5] = L"x";
   a = 9;
   EXPECT_EQ(JSVsscanf::vsscanf(nullptr, L"%d,%l,%f,%g,%s", &a, &l, &f, &g, s), 0);
