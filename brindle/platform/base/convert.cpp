@@ -63,24 +63,45 @@ const Char* skip_nan_payload(const Char* at, End end) {
   return !(inside == end) && *inside == ')' ? inside + 1 : at;
 }
 
-// Behind digits, point, digits, exponent; null when there isn't a digit before the exponent.
+// A number without its sign: digits, point, digits, exponent.
+template <class Char>
+struct Decimal {
+  const Char* end = nullptr;     // null: there isn't a digit before the exponent
+  std::ptrdiff_t digits = 0;     // before and behind the point
+  std::ptrdiff_t decimals = 0;   // behind the point
+  std::uint64_t all_digits = 0;  // as one number, modulo 2^64
+  bool has_exponent = false;
+};
+
 template <class Char, class End>
-const Char* skip_decimal(const Char* at, End end) {
-  const Char* after = skip_digits(at, end);
-  bool has_digits = after != at;
-  if (!(after == end) && *after == '.') {
-    const Char* fraction = skip_digits(after + 1, end);
-    if (fraction != after + 1) has_digits = true;
-    after = fraction;
+const Char* take_digits(const Char* at, End end, std::uint64_t& value) {
+  for (; !(at == end) && is_digit(*at); ++at) {
+    value = value * 10 + static_cast<std::uint64_t>(*at - '0');
   }
-  if (!has_digits) return nullptr;
+  return at;
+}
+
+template <class Char, class End>
+Decimal<Char> scan_decimal(const Char* at, End end) {
+  Decimal<Char> number;
+  const Char* after = take_digits(at, end, number.all_digits);
+  number.digits = after - at;
+  if (!(after == end) && *after == '.') {
+    const Char* fraction = after + 1;
+    after = take_digits(fraction, end, number.all_digits);
+    number.decimals = after - fraction;
+    number.digits += number.decimals;
+  }
+  if (number.digits == 0) return number;
   if (!(after == end) && to_lower(*after) == 'e') {
     const Char* exponent = after + 1;
     if (!(exponent == end) && (*exponent == '+' || *exponent == '-')) ++exponent;
     const Char* exponent_end = skip_digits(exponent, end);
-    if (exponent_end != exponent) after = exponent_end;
+    number.has_exponent = exponent_end != exponent;
+    if (number.has_exponent) after = exponent_end;
   }
-  return after;
+  number.end = after;
+  return number;
 }
 
 // Of a decimal number that is no finite double other than zero: whether it is too large, not too
@@ -119,6 +140,20 @@ double decimal_value(const wchar_t* at, const wchar_t* end) {
   return decimal_value(narrow, narrow + length);
 }
 
+// The numbers of drawings are short: their digits and the power of ten are exact doubles, so that
+// one division gives the double nearest to the decimal number, as the long way does.
+template <class Char>
+double value_of(const Char* at, const Decimal<Char>& number) {
+  static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
+                                       1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
+  constexpr std::ptrdiff_t kMostDigits = 18;  // less than 2^64
+  constexpr std::uint64_t kMostExact = std::uint64_t{1} << 53;
+  if (number.digits <= kMostDigits && number.all_digits <= kMostExact && !number.has_exponent) {
+    return static_cast<double>(number.all_digits) / kPowers[number.decimals];
+  }
+  return decimal_value(at, number.end);
+}
+
 template <class Char, class End>
 double scan_double(const Char* text, End end, const Char** stop) {
   const Char* at = skip_space(text, end);
@@ -127,9 +162,9 @@ double scan_double(const Char* text, End end, const Char** stop) {
 
   double value = 0;
   const Char* after = text;
-  if (const Char* decimal_end = skip_decimal(at, end)) {
-    value = decimal_value(at, decimal_end);
-    after = decimal_end;
+  if (const Decimal<Char> decimal = scan_decimal(at, end); decimal.end != nullptr) {
+    value = value_of(at, decimal);
+    after = decimal.end;
   } else if (const Char* inf = skip_word(at, end, "inf")) {
     value = std::numeric_limits<double>::infinity();
     const Char* infinity = skip_word(inf, end, "inity");
@@ -202,29 +237,6 @@ wchar_t* _itow(int value, wchar_t* buffer, int radix) {
   }
   *std::copy(digits, end, buffer) = L'\0';
   return buffer;
-}
-
-char* format_fixed(char* first, double value, int decimals) {
-  constexpr double kWholeLimit = 9007199254740992.0;  // 2^53: below it every whole number is exact
-  decimals = std::clamp(decimals, 0, 80);
-  if (std::signbit(value)) {
-    *first++ = '-';
-    value = -value;
-  }
-  char* const last = first + kFixedBufferSize - 1;
-  if (value < kWholeLimit) {
-    const auto whole = static_cast<std::uint64_t>(value);
-    if (static_cast<double>(whole) == value) {
-      first = std::to_chars(first, last, whole).ptr;
-      if (decimals == 0) return first;
-      *first++ = '.';
-      return std::fill_n(first, decimals, '0');
-    }
-  }
-  if (!std::isfinite(value)) {
-    return std::copy_n(std::isnan(value) ? "nan" : "inf", 3, first);
-  }
-  return std::to_chars(first, last, value, std::chars_format::fixed, decimals).ptr;
 }
 
 int _wcsnicmp(const wchar_t* a, const wchar_t* b, std::size_t count) {

@@ -85,11 +85,16 @@ TEST(ParseDouble, TakesTheNumberAtTheStart) {
 // Decimal forms of all lengths, also beyond the short buffer, against the C library.
 TEST(ParseDouble, AgreesWithTheCLibrary) {
   std::mt19937_64 random(11);
-  for (int i = 0; i < 20000; ++i) {
+  std::uniform_real_distribution<double> drawing(-1e5, 1e5);
+  for (int i = 0; i < 60000; ++i) {
     char text[600];
-    const double value = std::bit_cast<double>(random());
-    const char* const form = i % 3 == 0 ? "%.17g" : i % 3 == 1 ? "%.5e" : "%f";
-    std::snprintf(text, sizeof text, form, value);
+    if (i % 2 == 0) {
+      // Also more digits than a double holds exactly, and than fit 64 bits.
+      std::snprintf(text, sizeof text, "%.*f", i / 2 % 20, drawing(random));
+    } else {
+      const char* const forms[] = {"%.17g", "%.5e", "%f"};
+      std::snprintf(text, sizeof text, forms[i % 3], std::bit_cast<double>(random()));
+    }
     const std::wstring wide(text, text + std::strlen(text));
     const double expected = std::strtod(text, nullptr);
     const double result = parse_double(wide.c_str());
@@ -161,6 +166,9 @@ TEST(FormatFixed, SameBytesAsPrintf) {
   std::uniform_real_distribution<double> drawing(-1e6, 1e6);
   for (int i = 0; i < 150000; ++i) {
     expect_as_printf(drawing(random), 10);
+    // Halfway between two results, and at the carry into the next digit.
+    expect_as_printf(static_cast<double>(random() % 100000) / (1 << i % 16), i % 15);
+    expect_as_printf(static_cast<double>(random() % 1000) - std::pow(0.1, i % 20), i % 21);
     expect_as_printf(std::bit_cast<double>(random()), i % 12);
     if (HasFatalFailure()) return;
   }
