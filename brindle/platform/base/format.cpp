@@ -9,6 +9,7 @@
 
 #include "brindle/platform/base/code_page.h"
 #include "brindle/platform/base/convert.h"
+#include "brindle/platform/base/format_internal.h"
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
@@ -256,47 +257,12 @@ class Formatter {
       std::string_view digits(buffer, static_cast<std::size_t>(buffer_end - buffer));
       if (std::isfinite(value)) return pad(d, sign, digits, d.zeros);
     }
-    std::string number = std::isfinite(value) ? digits_of(d, value, precision)
-                         : std::isnan(value)  ? "nan"
-                                              : "inf";
+    std::string number = std::isfinite(value)
+                             ? real_digits(value, d.conversion, precision, d.alternative)
+                         : std::isnan(value) ? "nan"
+                                             : "inf";
     if (d.conversion < L'a') to_upper(number);
     pad(d, sign, number, d.zeros && std::isfinite(value));
-  }
-
-  static std::string digits_of(const Directive& d, double value, int precision) {
-    switch (d.conversion) {
-      case L'f':
-      case L'F':
-        return with_point(d, to_digits(value, std::chars_format::fixed, precision));
-      case L'e':
-      case L'E':
-        return with_point(d, to_digits(value, std::chars_format::scientific, precision));
-      default:
-        break;
-    }
-    if (!d.alternative) return to_digits(value, std::chars_format::general, precision);
-    // %#g keeps its trailing zeros: the form goes by the exponent that %e would print.
-    precision = std::max(precision, 1);
-    const std::string scientific = to_digits(value, std::chars_format::scientific, precision - 1);
-    const int exponent = std::atoi(scientific.c_str() + scientific.find('e') + 1);
-    if (exponent < -4 || exponent >= precision) return with_point(d, scientific);
-    return with_point(d, to_digits(value, std::chars_format::fixed, precision - 1 - exponent));
-  }
-
-  static std::string to_digits(double value, std::chars_format form, int precision) {
-    std::string digits(static_cast<std::size_t>(precision) + 330, '\0');
-    char* first = digits.data();
-    const auto result = std::to_chars(first, first + digits.size(), value, form, precision);
-    digits.resize(static_cast<std::size_t>(result.ptr - first));
-    return digits;
-  }
-
-  // The flag `#` asks for a point even where no digit follows it.
-  static std::string with_point(const Directive& d, std::string digits) {
-    if (d.alternative && digits.find('.') == std::string::npos) {
-      digits.insert(std::min(digits.find('e'), digits.size()), 1, '.');
-    }
-    return digits;
   }
 
   static void to_upper(std::string& text) {

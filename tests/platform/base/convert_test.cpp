@@ -165,7 +165,7 @@ TEST(FormatFixed, SameBytesAsPrintf) {
   std::mt19937_64 random(3);
   std::uniform_real_distribution<double> drawing(-1e6, 1e6);
   for (int i = 0; i < 150000; ++i) {
-    expect_as_printf(drawing(random), 10);
+    expect_as_printf(drawing(random), i % 2 == 0 ? 10 : i % 23);
     // Halfway between two results, and at the carry into the next digit.
     expect_as_printf(static_cast<double>(random() % 100000) / (1 << i % 16), i % 15);
     expect_as_printf(static_cast<double>(random() % 1000) - std::pow(0.1, i % 20), i % 21);
