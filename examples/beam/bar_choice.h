@@ -1,0 +1,61 @@
+// Chooses the bars of a section: main bars, hangers or compressed bars, stirrups and side bars.
+#pragma once
+
+#include "examples/beam/bar_layout.h"
+#include "examples/beam/section_design.h"
+#include "examples/beam/section_input.h"
+
+namespace brindle::beam {
+
+struct Stirrups {
+  int diameter = 0;
+  int spacing = 0;
+  int legs = 2;
+
+  double area_per_length() const;  // Asv/s, mm2/mm
+};
+
+struct SideBars {
+  int per_side = 0;  // 0: the web is low enough to do without
+  int diameter = 0;
+  int tie_diameter = 0;
+  double required_area = 0;  // mm2 a side
+
+  double area() const;  // mm2 a side
+};
+
+// A designed section.
+struct SectionDesign {
+  BarRows bottom;
+  BarRows top;
+  bool top_is_compressed = false;  // the calculation counts on the top bars
+  double effective_depth = 0;
+  double top_distance = 0;  // a's
+  BendingDemand bending;
+  ShearDemand shear;
+  Stirrups stirrups;
+  SideBars side;
+
+  StirrupFrame frame(const SectionInput& input) const;
+};
+
+enum class DesignStatus {
+  kOk,
+  kBendingImpossible,     // no arrangement of bars carries the moment
+  kShearSectionTooSmall,  // 6.3.1
+  kNoStirrups,            // no diameter and spacing of the choice is enough
+};
+
+// Designs the section; `out` is filled when the status is kOk.
+//
+// Main bars are of one diameter out of 12, 14, 16, 18, 20, 22, 25, 28, 32, in one row or two, each
+// arrangement judged with its own effective depth. Among those that fit and carry the moment the
+// steel area decides; within 5 % of the least area fewer rows, then fewer bars win. Stirrups:
+// 6 to 14 mm, 100 to 300 mm apart (steps of 10 to 150, of 25 to 200, of 50 beyond), the least
+// steel, then the wider spacing.
+DesignStatus design_section(const SectionInput& input, SectionDesign* out);
+
+// One Chinese sentence on what to change, for a status other than kOk.
+const wchar_t* status_text(DesignStatus status);
+
+}  // namespace brindle::beam

@@ -1,0 +1,179 @@
+// The project file: a good one is read whole, and every fault is told with its line.
+#include "examples/beam/section_input.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "brindle/platform/base/code_page.h"
+#include "brindle/platform/base/stream.h"
+#include "tests/support/recorded_messages.h"
+
+namespace brindle::beam {
+namespace {
+
+// A project file in the test's own folder, removed with the object.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(const std::string& bytes)
+      : path_(std::filesystem::path(testing::TempDir()) /
+              ("beam_input_" + std::to_string(reinterpret_cast<std::uintptr_t>(this)) + ".dat")) {
+    std::ofstream(path_, std::ios::binary) << bytes;
+  }
+  ~TemporaryFile() { std::filesystem::remove(path_); }
+  std::wstring path() const { return from_path(path_.string()); }
+
+ private:
+  std::filesystem::path path_;
+};
+
+std::string gbk(const std::wstring& text) {
+  return CodePage::find(936)->encode(text);
+}
+
+const std::wstring kTag = L"BRINDLE-BEAM 1\n";
+const std::wstring kName = L"L-1(楼面梁)\n";
+const std::wstring kSizes = L"250, 600, 25\n";
+const std::wstring kMaterials = L"C30, HRB400, HPB300\n";
+const std::wstring kForces = L"180, 150\n";
+
+TEST(SectionInput, ReadsAWholeFile) {
+  struct Case {
+    const char* name;
+    std::string bytes;
+  };
+  std::string with_cr =
+      gbk(L"// 注释\r\nBRINDLE-BEAM 1\r\n##\r\n\r\nL-1(楼面梁)\r\n250 600\t25 \r\n"
+          L"  C30 HRB400 HPB300\r\n// 内力\r\n180,150\r\n// 完\r\n");
+  std::string no_last_end = gbk(kTag + kName + kSizes + kMaterials + L"1.8e2, 150.0");
+  const Case cases[] = {
+      {"plain", gbk(kTag + kName + kSizes + kMaterials + kForces)},
+      {"comments, blank lines, CR LF, blanks for commas", with_cr},
+      {"no end of the last line", no_last_end},
+      {"a comment longer than any line", gbk(kTag + L"//" + std::wstring(2000, L'长') + L"\n" +
+                                             kName + kSizes + kMaterials + kForces)},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    RecordedMessages recorded;
+    const TemporaryFile file(c.bytes);
+    SectionInput input;
+    ASSERT_TRUE(read_section_input(file.path().c_str(), &input)) << CodePage::find(65001)->encode(
+        recorded.messages.empty() ? L"" : recorded.messages.front().text);
+    EXPECT_TRUE(recorded.messages.empty());
+    EXPECT_EQ(input.name, L"L-1(楼面梁)");
+    EXPECT_EQ(input.width, 250);
+    EXPECT_EQ(input.height, 600);
+    EXPECT_EQ(input.cover, 25);
+    EXPECT_EQ(input.concrete.grade, 30);
+    EXPECT_STREQ(input.main_steel->name, L"HRB400");
+    EXPECT_STREQ(input.stirrup_steel->name, L"HPB300");
+    EXPECT_EQ(input.moment, 180);
+    EXPECT_EQ(input.shear, 150);
+  }
+}
+
+// What one faulty file must be told: for each message the line and some words.
+struct Fault {
+  int line;
+  std::vector<std::wstring> words;
+};
+
+void expect_faults(const char* name, const std::string& bytes, const std::vector<Fault>& faults) {
+  SCOPED_TRACE(name);
+  RecordedMessages recorded;
+  const TemporaryFile file(bytes);
+  SectionInput input;
+  EXPECT_FALSE(read_section_input(file.path().c_str(), &input));
+  ASSERT_EQ(recorded.messages.size(), faults.size());
+  for (size_t i = 0; i < faults.size(); ++i) {
+    const RecordedMessage& message = recorded.messages[i];
+    const std::string shown = CodePage::find(65001)->encode(message.text);
+    EXPECT_EQ(message.code, 301);
+    EXPECT_EQ(message.text.find(file.path()), 0u) << shown;
+    const std::wstring line = L" 第 " + std::to_wstring(faults[i].line) + L" 行: ";
+    EXPECT_NE(message.text.find(line), std::wstring::npos) << shown;
+    for (const std::wstring& word : faults[i].words) {
+      EXPECT_NE(message.text.find(word), std::wstring::npos) << shown;
+    }
+  }
+}
+
+TEST(SectionInput, NamesTheLineOfEveryFault) {
+  struct Case {
+    const char* name;
+    std::wstring text;
+    std::vector<Fault> faults;
+  };
+  const std::wstring c = L"// 说明\n";
+  const Case cases[] = {
+      {"empty file", L"", {{1, {L"缺少标识"}}}},
+      {"only comments", L"// 一\n## 二\n", {{3, {L"缺少标识"}}}},
+      {"foreign tag", L"BEAM 1\n" + kName, {{1, {L"BRINDLE-BEAM 1"}}}},
+      {"later version", L"BRINDLE-BEAM 2\n" + kName, {{1, {L"版本", L"2"}}}},
+      {"ends behind the tag", kTag, {{2, {L"缺少构件名"}}}},
+      {"ends behind the name", c + kTag + c + kName, {{5, {L"缺少截面尺寸"}}}},
+      {"no forces", kTag + kName + kSizes + kMaterials, {{5, {L"缺少内力"}}}},
+      {"width too small",
+       kTag + kName + L"99.9,600,25\n" + kMaterials + kForces,
+       {{3, {L"截面宽 b", L"100～2000 mm", L"99.9"}}}},
+      {"height too large",
+       kTag + c + c + kName + c + L"250,3001,25\n" + kMaterials + kForces,
+       {{6, {L"截面高 h", L"150～3000 mm", L"3001"}}}},
+      {"two faults in a line and one later",
+       kTag + kName + L"x,600\n" + kMaterials + L"-1,5\n",
+       {{3, {L"截面宽 b", L"x"}}, {3, {L"缺少保护层厚 c"}}, {5, {L"弯矩设计值 M", L"-1"}}}},
+      {"a number with a tail",
+       kTag + kName + L"250mm,600,25\n" + kMaterials + kForces,
+       {{3, {L"250mm"}}}},
+      {"an empty field is no zero",
+       kTag + kName + kSizes + kMaterials + L",150\n",
+       {{5, {L"缺少弯矩设计值 M", L"kN·m"}}}},
+      {"not a number",
+       kTag + kName + kSizes + kMaterials + L"nan, inf\n",
+       {{5, {L"弯矩设计值 M", L"nan"}}, {5, {L"剪力设计值 V", L"inf"}}}},
+      {"surplus field",
+       kTag + kName + L"250,600,25,7\n" + kMaterials + kForces,
+       {{3, {L"多余", L"7"}}}},
+      {"surplus line",
+       kTag + kName + kSizes + kMaterials + kForces + L"1,2\n",
+       {{6, {L"多余", L"1,2"}}}},
+      {"full-width comma",
+       kTag + kName + L"250，600，25\n" + kMaterials + kForces,
+       {{3, {L"截面宽 b"}}, {3, {L"缺少截面高 h"}}, {3, {L"缺少保护层厚 c"}}}},
+      {"unknown grades",
+       kTag + kName + kSizes + L"C32,HRB600,Q235\n" + kForces,
+       {{4, {L"C20", L"C80", L"C32"}},
+        {4, {L"纵筋牌号", L"HRB400", L"HRB600"}},
+        {4, {L"箍筋牌号", L"Q235"}}}},
+      {"grades too low", kTag + kName + kSizes + L"C15,HRB335,HPB300\n" + kForces, {{4, {L"C15"}}}},
+      {"grades missing",
+       kTag + kName + kSizes + L"C30\n" + kForces,
+       {{4, {L"缺少纵筋牌号"}}, {4, {L"缺少箍筋牌号"}}}},
+      {"concrete too weak for its bars",
+       kTag + kName + kSizes + L"C20,HRB400,HPB300\n" + kForces,
+       {{4, {L"HRB400", L"C25"}}}},
+      {"long name",
+       kTag + std::wstring(31, L'梁') + L"\n" + kSizes + kMaterials + kForces,
+       {{2, {L"30"}}}},
+  };
+  for (const Case& one : cases) expect_faults(one.name, gbk(one.text), one.faults);
+  expect_faults("name with bytes that are no GBK",
+                gbk(kTag) + "L-1\xff\n" + gbk(kSizes + kMaterials + kForces), {{2, {L"GBK"}}});
+}
+
+TEST(SectionInput, TellsAFileThatCannotBeOpened) {
+  RecordedMessages recorded;
+  SectionInput input;
+  EXPECT_FALSE(read_section_input(L"/nowhere/L-1.txt", &input));
+  ASSERT_EQ(recorded.messages.size(), 1u);
+  EXPECT_EQ(recorded.messages[0].code, 301);
+  EXPECT_NE(recorded.messages[0].text.find(L"/nowhere/L-1.txt"), std::wstring::npos);
+}
+
+}  // namespace
+}  // namespace brindle::beam
