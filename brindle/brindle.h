@@ -23,13 +23,16 @@
 #include "brindle/platform/base/throw.h"
 #include "brindle/platform/base/types.h"
 #include "brindle/platform/base/wide_text.h"
+
 #include "brindle/platform/graphics/acad_palette.h"
 #include "brindle/platform/graphics/geometry_types.h"
+
 #include "brindle/platform/window/edit.h"
 #include "brindle/platform/window/headless_user_interface.h"
 #include "brindle/platform/window/progress_ctrl.h"
 #include "brindle/platform/window/user_interface.h"
 #include "brindle/platform/window/wnd.h"
+
 #include "brindle/frame/utility/design_code.h"
 #include "brindle/frame/utility/files.h"
 #include "brindle/frame/utility/progress.h"
@@ -38,6 +41,7 @@
 #include "brindle/frame/utility/strings.h"
 #include "brindle/frame/utility/tell_error.h"
 #include "brindle/frame/utility/text_lines.h"
+
 #include "brindle/geometry/acad_script.h"
 #include "brindle/geometry/coordinate_transform.h"
 #include "brindle/geometry/helpers.h"
@@ -47,6 +51,7 @@
 #include "brindle/geometry/rect.h"
 #include "brindle/geometry/shape.h"
 #include "brindle/geometry/vector3.h"
+
 #include "brindle/dxf/acad_arc.h"
 #include "brindle/dxf/acad_block.h"
 #include "brindle/dxf/acad_circle.h"

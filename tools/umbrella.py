@@ -15,27 +15,29 @@ END = "// umbrella: end\n"
 LEFT_OUT = {"platform/qt"}  # a program without the toolkit includes brindle.h too
 
 
-def public_headers(root: Path) -> list[str]:
-    """The public headers, layer by layer, the lowest first."""
-    headers = []
+def public_headers(root: Path) -> list[list[str]]:
+    """The public headers, a list for each layer, the lowest first."""
+    layers = []
     for folder in Layers(root / "cmake/layers.txt", "cmake/layers.txt").allowed:
         if folder in LEFT_OUT:
             continue
-        for path in sorted((root / "brindle" / folder).glob("*.h")):
-            name = path.relative_to(root).as_posix()
-            if not is_internal(name):
-                headers.append(name)
-    return headers
+        names = [path.relative_to(root).as_posix()
+                 for path in (root / "brindle" / folder).glob("*.h")]
+        # In the formatter's order, so that it leaves the list alone.
+        headers = sorted((name for name in names if not is_internal(name)), key=str.lower)
+        if headers:
+            layers.append(headers)
+    return layers
 
 
-def rewritten(text: str, headers: list[str]) -> str:
+def rewritten(text: str, layers: list[list[str]]) -> str:
     """The umbrella header's text with its list replaced."""
     before, begin, rest = text.partition(BEGIN)
     _, end, after = rest.partition(END)
     if not begin or not end:
         raise SystemExit("brindle/brindle.h: the lines 'umbrella: begin' and 'umbrella: end' are gone")
-    lines = "".join(f'#include "{header}"\n' for header in headers)
-    return before + begin + lines + end + after
+    blocks = ["".join(f'#include "{header}"\n' for header in headers) for headers in layers]
+    return before + begin + "\n".join(blocks) + end + after
 
 
 def main() -> int:
@@ -44,9 +46,9 @@ def main() -> int:
     roots = [argument for argument in arguments if argument != "--check"]
     root = Path(roots[0] if roots else Path(__file__).parent.parent).resolve()
     path = root / "brindle/brindle.h"
-    headers = public_headers(root)
+    layers = public_headers(root)
     text = path.read_text(encoding="utf-8")
-    wanted = rewritten(text, headers)
+    wanted = rewritten(text, layers)
     if check:
         have, want = set(text.splitlines()), set(wanted.splitlines())
         for line in sorted(want - have):
@@ -58,7 +60,7 @@ def main() -> int:
             return 1
     elif wanted != text:
         path.write_text(wanted, encoding="utf-8")
-    print(f"umbrella: {len(headers)} headers")
+    print(f"umbrella: {sum(map(len, layers))} headers")
     return 0
 
 

@@ -121,7 +121,7 @@ class Umbrella(MadeUpTree):
         self.assertEqual(0, self.tool("umbrella.py").returncode)
         text = (self.root / "brindle/brindle.h").read_text(encoding="utf-8")
         self.assertEqual(
-            '#pragma once\n// umbrella: begin\n#include "brindle/base/text.h"\n'
+            '#pragma once\n// umbrella: begin\n#include "brindle/base/text.h"\n\n'
             '#include "brindle/geometry/a.h"\n#include "brindle/geometry/b.h"\n'
             "// umbrella: end\nusing namespace brindle;\n", text)
         self.assertEqual(0, self.tool("umbrella.py", "--check").returncode)
