@@ -116,25 +116,45 @@ TEST_P(SectionDrawing, NothingCrossesATextAndNoLineIsTwice) {
   }
 }
 
-// Each arc of a stirrup begins and ends on the end of a line: the outline of the bar is closed.
+bool on_line(const ACAD_LINE& line, double x, double y) {
+  const double length = std::hypot(line.x2 - line.x1, line.y2 - line.y1);
+  return std::hypot(x - line.x1, y - line.y1) + std::hypot(x - line.x2, y - line.y2) <
+         length + 1e-6;
+}
+
+bool on_arc(const ACAD_ARC& arc, double x, double y) {
+  if (std::fabs(std::hypot(x - arc.x, y - arc.y) - arc.m_dRadius) > 1e-6) return false;
+  const double degrees = std::atan2(y - arc.y, x - arc.x) * 180 / std::numbers::pi;
+  const double sweep = std::fmod(arc.m_dEndAngle - arc.m_dStartAngle + 360, 360);
+  const double behind_start = std::fmod(degrees - arc.m_dStartAngle + 720 + 1e-4, 360);
+  return behind_start <= sweep + 2e-4;
+}
+
+// Every line of a stirrup ends on an arc or on another line, every arc on a line: no edge of the
+// bent bar is open.
 TEST_P(SectionDrawing, StirrupsHaveNoGaps) {
   Picture picture(GetParam());
   const std::vector<ACAD_LINE> lines = picture.all<ACAD_LINE>(L"STIRRUP");
-  const auto on_a_line = [&](double x, double y) {
-    return std::any_of(lines.begin(), lines.end(), [&](const ACAD_LINE& line) {
-      const double length = std::hypot(line.x2 - line.x1, line.y2 - line.y1);
-      return std::hypot(x - line.x1, y - line.y1) + std::hypot(x - line.x2, y - line.y2) <
-             length + 1e-6;
-    });
-  };
   const std::vector<ACAD_ARC> arcs = picture.all<ACAD_ARC>(L"STIRRUP");
   EXPECT_GE(arcs.size(), 8u);
+  for (size_t i = 0; i < lines.size(); ++i) {
+    const ACAD_LINE& line = lines[i];
+    const std::pair<double, double> ends[] = {{line.x1, line.y1}, {line.x2, line.y2}};
+    for (const auto& [x, y] : ends) {
+      bool held = false;
+      for (const ACAD_ARC& arc : arcs) held |= on_arc(arc, x, y);
+      for (size_t k = 0; k < lines.size(); ++k) held |= k != i && on_line(lines[k], x, y);
+      EXPECT_TRUE(held) << "line end " << x << ", " << y;
+    }
+  }
   for (const ACAD_ARC& arc : arcs) {
     for (const double degrees : {arc.m_dStartAngle, arc.m_dEndAngle}) {
       const double a = degrees * std::numbers::pi / 180;
-      EXPECT_TRUE(
-          on_a_line(arc.x + arc.m_dRadius * std::cos(a), arc.y + arc.m_dRadius * std::sin(a)))
-          << "arc at " << arc.x << ", " << arc.y << " end " << degrees;
+      const double x = arc.x + arc.m_dRadius * std::cos(a);
+      const double y = arc.y + arc.m_dRadius * std::sin(a);
+      EXPECT_TRUE(std::any_of(lines.begin(), lines.end(),
+                              [&](const ACAD_LINE& line) { return on_line(line, x, y); }))
+          << "arc end " << x << ", " << y;
     }
   }
 }
