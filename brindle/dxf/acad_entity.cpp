@@ -1,5 +1,6 @@
 #include "brindle/dxf/acad_entity.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cwchar>
 
@@ -106,7 +107,6 @@ int ACAD_ENTITY::read_from(DxfPairReader& reader) {
   Ini();
   DxfPair pair;
   if (!reader.read(pair) || !pair.is(0, table->keyword)) return 0;
-  std::size_t hint = 0;
   while (reader.read(pair)) {
     // Any object ends the one before it: a kind that this reader doesn't know must not leave its
     // coordinates in its neighbour.
@@ -114,7 +114,7 @@ int ACAD_ENTITY::read_from(DxfPairReader& reader) {
       reader.unread();
       break;
     }
-    if (const EntityField* field = table->find(pair.code, hint)) {
+    if (const EntityField* field = table->find(pair.code)) {
       field->read(*this, pair, reader);
     } else if (pair.code == 1000) {
       read_extended_pair(pair, reader);
@@ -225,7 +225,8 @@ COLORREF ACAD_ENTITY::GetColorNew(int index) const {
     const ACAD_LAYER* layer = GetLayer(m_szLayer);
     if (layer == nullptr) return static_cast<COLORREF>(-99999);
     // A layer that is off keeps its colour under the sign.
-    index = layer->m_nColor < 0 ? -layer->m_nColor : layer->m_nColor;
+    const long long colour = layer->m_nColor;
+    index = static_cast<int>(std::min(colour < 0 ? -colour : colour, 0x7fffffffLL));
   }
   if (index < 0) return static_cast<COLORREF>(-static_cast<long long>(index));
   int r = 0, g = 0, b = 0;
