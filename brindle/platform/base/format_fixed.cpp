@@ -1,5 +1,6 @@
 // format_fixed: the numbers of drawing files, several times faster than the general way.
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -22,8 +23,24 @@ std::uint64_t take_decimals(std::uint64_t& fraction, int count) {
   return high >> 32;
 }
 
-char* write_digits(char* first, std::uint64_t digits, int count) {
-  for (int i = count; i-- > 0; digits /= 10) first[i] = static_cast<char>('0' + digits % 10);
+// The two digits of each number below 100.
+constexpr auto kDigitPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
+
+// Writes the last `count` digits.
+char* write_digits(char* first, std::uint64_t number, int count) {
+  auto digits = static_cast<std::uint32_t>(number);
+  int i = count;
+  for (; i >= 2; i -= 2, digits /= 100) {
+    std::copy_n(kDigitPairs.data() + 2 * (digits % 100), 2, first + i - 2);
+  }
+  if (i == 1) *first = static_cast<char>('0' + digits % 10);
   return first + count;
 }
 
@@ -32,6 +49,12 @@ char* write_digits(char* first, std::uint64_t digits, int count) {
 char* write_exact(char* first, char* last, std::uint64_t whole, std::uint64_t fraction,
                   int decimals) {
   constexpr std::uint64_t kHalf = std::uint64_t{1} << 63;
+  if (fraction == 0) {
+    first = std::to_chars(first, last, whole).ptr;
+    if (decimals == 0) return first;
+    *first++ = '.';
+    return std::fill_n(first, decimals, '0');
+  }
   const int head_count = std::min(decimals, kPieceDigits);
   const int tail_count = decimals - head_count;
   std::uint64_t head = take_decimals(fraction, head_count);
@@ -57,7 +80,7 @@ char* write_exact(char* first, char* last, std::uint64_t whole, std::uint64_t fr
 
 char* format_fixed(char* first, double value, int decimals) {
   constexpr double kWholeLimit = 9007199254740992.0;  // 2^53: from there on all doubles are whole
-  constexpr double kTwo64 = 18446744073709551616.0;
+  constexpr double kTwo63 = 9223372036854775808.0;
   decimals = std::clamp(decimals, 0, 80);
   if (std::signbit(value)) {
     *first++ = '-';
@@ -65,12 +88,14 @@ char* format_fixed(char* first, double value, int decimals) {
   }
   char* const last = first + kFixedBufferSize - 1;
   if (value < kWholeLimit && decimals <= 2 * kPieceDigits) {
-    const auto whole = static_cast<std::uint64_t>(value);
-    const double scaled = (value - static_cast<double>(whole)) * kTwo64;  // exact, both steps
-    const auto fraction = static_cast<std::uint64_t>(scaled);
-    // Numbers with bits below 2^-64 aren't for the short way.
+    // Through signed integers, which the processor converts in one step. All steps are exact.
+    const auto whole = static_cast<std::int64_t>(value);
+    const double scaled = (value - static_cast<double>(whole)) * kTwo63;
+    const auto fraction = static_cast<std::int64_t>(scaled);
+    // Numbers with bits below 2^-63 aren't for the short way.
     if (static_cast<double>(fraction) == scaled) {
-      return write_exact(first, last, whole, fraction, decimals);
+      return write_exact(first, last, static_cast<std::uint64_t>(whole),
+                         static_cast<std::uint64_t>(fraction) * 2, decimals);
     }
   }
   if (!std::isfinite(value)) {
