@@ -19,10 +19,13 @@ EntitySchema::EntitySchema(const char* word, bool style, std::vector<EntityField
     fields.push_back(entity_text<&ACAD_ENTITY::m_szLType>(6, "m_szLType", L"BYLAYER"));
     fields.push_back(entity_number<&ACAD_ENTITY::m_nColor>(62, "m_nColor", -1));
   }
+  for (std::size_t i = fields.size(); i-- > 0;) {
+    assert(fields[i].code >= 0 && static_cast<std::size_t>(fields[i].code) < places_.size());
+    places_[static_cast<std::size_t>(fields[i].code)] = static_cast<std::uint8_t>(i + 1);
+  }
   for (std::vector<EntityStep>* steps : {&r12, &ac1015}) {
     for (EntityStep& step : *steps) {
-      std::size_t hint = 0;
-      if (step.literal == nullptr) step.field = find(step.code, hint);
+      if (step.literal == nullptr) step.field = find(step.code);
       assert(step.literal != nullptr || step.field != nullptr);
     }
   }

@@ -2,6 +2,8 @@
 // which each dialect writes them. The base entity reads, writes and resets by it.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <vector>
 
 #include "brindle/dxf/record_field.h"
@@ -38,17 +40,15 @@ struct EntitySchema {
   EntitySchema(const EntitySchema&) = delete;
   EntitySchema& operator=(const EntitySchema&) = delete;
 
-  // The field of a group code, null when the kind doesn't have it. `hint` is the index behind the
-  // last hit: groups come in the table's order as a rule.
-  const EntityField* find(int code, std::size_t& hint) const {
-    for (std::size_t i = hint; i < fields.size(); ++i) {
-      if (fields[i].code == code) return hint = i + 1, &fields[i];
-    }
-    for (std::size_t i = 0; i < hint && i < fields.size(); ++i) {
-      if (fields[i].code == code) return hint = i + 1, &fields[i];
-    }
-    return nullptr;
+  // The field of a group code, null when the kind doesn't have it.
+  const EntityField* find(int code) const {
+    const auto index = static_cast<std::size_t>(code);
+    if (index >= places_.size() || places_[index] == 0) return nullptr;
+    return &fields[places_[index] - 1U];
   }
+
+ private:
+  std::array<std::uint8_t, 1072> places_{};  // by group code: 1 + the index in `fields`, 0 for none
 };
 
 // Rows of an entity's table: entity_number<&ACAD_LINE::x1>(10, "x1", 0.0).

@@ -1,5 +1,7 @@
 #include "brindle/dxf/pair_reader.h"
 
+#include <bit>
+#include <cstdint>
 #include <cstring>
 
 #include "brindle/platform/base/convert.h"
@@ -10,6 +12,26 @@ namespace {
 constexpr std::size_t kWindowBytes = std::size_t{1} << 18;
 // The most bytes that a whole line can have: four a character, and the line end.
 constexpr std::size_t kMaxLineBytes = DxfPairReader::kMaxLineChars * 4 + 2;
+
+// The offset of the first line feed among `length` bytes, `length` when there is none. The lines of
+// a drawing are a word or two long: too short for a call of memchr to pay.
+inline std::size_t find_line_feed(const char* text, std::size_t length) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  std::size_t i = 0;
+  if constexpr (std::endian::native == std::endian::little) {
+    for (; i + sizeof(std::uint64_t) <= length; i += sizeof(std::uint64_t)) {
+      std::uint64_t word;
+      std::memcpy(&word, text + i, sizeof word);
+      word ^= kOnes * '\n';
+      // The lowest of the high bits that are set marks the first byte that is now zero.
+      const std::uint64_t marks = (word - kOnes) & ~word & kHighBits;
+      if (marks != 0) return i + static_cast<std::size_t>(std::countr_zero(marks)) / 8;
+    }
+  }
+  while (i < length && text[i] != '\n') ++i;
+  return i;
+}
 
 bool is_digit(char c) {
   return c >= '0' && c <= '9';
@@ -46,15 +68,13 @@ int parse_group_code(const DxfLine& line) {
   if (!line.ended) return DxfPair::kUnknownCode;
   const std::string_view text = line.bytes;
   if (text.size() == 3) {
+    const int hundreds = text[0] - '0', tens = text[1] - '0', units = text[2] - '0';
     if (!is_digit(text[2])) return DxfPair::kUnknownCode;
-    int code = text[2] - '0';
-    if (is_digit(text[1]) && (text[1] != '0' || is_digit(text[0]))) {
-      code += (text[1] - '0') * 10;
-      if (text[0] == ' ') return code;
-      if (!is_digit(text[0]) || text[0] == '0') return DxfPair::kUnknownCode;
-      return code + (text[0] - '0') * 100;
-    }
-    return text[1] == ' ' && text[0] == ' ' ? code : DxfPair::kUnknownCode;
+    if (text[0] == ' ' && text[1] == ' ') return units;
+    if (!is_digit(text[1])) return DxfPair::kUnknownCode;
+    if (text[0] == ' ' && tens != 0) return tens * 10 + units;
+    if (!is_digit(text[0]) || hundreds == 0) return DxfPair::kUnknownCode;
+    return hundreds * 100 + tens * 10 + units;
   }
   if (text.size() == 4 && text[0] >= '1') {
     int code = 0;
@@ -89,6 +109,7 @@ bool DxfPairReader::fill(std::size_t wanted) {
   next_ -= keep_from;
   last_start_ -= keep_from;
   end_ -= keep_from;
+  held_start_ = kNoPair;
   while (end_ < kWindowBytes) {
     const std::size_t got = std::fread(window_.get() + end_, 1, kWindowBytes - end_, stream_);
     if (got == 0) {
@@ -107,6 +128,7 @@ void DxfPairReader::seek(long long position) {
     at_end_ = fseeko(stream_, position, SEEK_SET) != 0;
     window_start_ = position;
     next_ = end_ = 0;
+    held_start_ = kNoPair;
   }
   last_start_ = next_;
 }
@@ -116,16 +138,29 @@ void DxfPairReader::sync_stream() {
 }
 
 // The next line when it is sure to be short enough; longer ones go to take_long_line.
-bool DxfPairReader::take_line(DxfLine& line) {
+inline bool DxfPairReader::take_line(DxfLine& line) {
   const char* start = window_.get() + next_;
   const std::size_t available = end_ - next_;
   const std::size_t reach = available < kMaxLineChars ? available : kMaxLineChars;
-  const char* newline = static_cast<const char*>(std::memchr(start, '\n', reach));
-  if (newline == nullptr) return take_long_line(line);
-  const std::size_t length = static_cast<std::size_t>(newline - start);
+  const std::size_t length = find_line_feed(start, reach);
+  if (length == reach) return take_long_line(line);
   const bool cr = length > 0 && start[length - 1] == '\r';
   line = {std::string_view(start, cr ? length - 1 : length), true};
   next_ += length + 1;
+  return true;
+}
+
+// A code line of three characters that are a group code; false, and nothing taken, for any other.
+inline bool DxfPairReader::take_short_code_line(DxfPair& pair) {
+  constexpr std::size_t kCodeChars = 3;
+  if (end_ - next_ < kCodeChars + 2) return false;
+  const char* start = window_.get() + next_;
+  const std::size_t line_end = kCodeChars + (start[kCodeChars] == '\r' ? 1 : 0);
+  if (start[line_end] != '\n') return false;
+  pair.code_line = {std::string_view(start, kCodeChars), true};
+  pair.code = parse_group_code(pair.code_line);
+  if (pair.code == DxfPair::kUnknownCode) return false;  // maybe a line end among the three
+  next_ += line_end + 1;
   return true;
 }
 
@@ -161,14 +196,29 @@ bool DxfPairReader::read_line(DxfLine& line) {
 
 bool DxfPairReader::read(DxfPair& pair) {
   last_start_ = next_;
-  fill(2 * kMaxLineBytes);
-  if (!take_line(pair.code_line) || !take_line(pair.value)) return false;
-  pair.code = parse_group_code(pair.code_line);
+  if (next_ == held_start_) {
+    pair = held_;
+    next_ = held_end_;
+    return true;
+  }
+  if (end_ - next_ < 2 * kMaxLineBytes) fill(2 * kMaxLineBytes);
+  if (!take_short_code_line(pair)) {
+    if (!take_line(pair.code_line)) return false;
+    pair.code = parse_group_code(pair.code_line);
+  }
+  if (!take_line(pair.value)) return false;
+  if (pair.code == 0) {
+    held_ = pair;
+    held_start_ = last_start_;
+    held_end_ = next_;
+  }
   return true;
 }
 
 const std::wstring& DxfPairReader::text(const DxfPair& pair) {
   page_->decode(pair.value.bytes, text_);
+  // A zero would hide the rest of the line.
+  if (text_.find(L'\0') != std::wstring::npos) std::erase(text_, L'\0');
   return text_;
 }
 

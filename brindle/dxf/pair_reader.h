@@ -82,6 +82,7 @@ class DxfPairReader {
   };
 
   bool fill(std::size_t wanted);
+  bool take_short_code_line(DxfPair& pair);
   bool take_line(DxfLine& line);
   bool take_long_line(DxfLine& line);
 
@@ -93,6 +94,12 @@ class DxfPairReader {
   std::size_t last_start_ = 0;  // of the window: start of the last pair or line
   long long window_start_ = 0;  // in the file: first byte of the window
   bool at_end_ = false;         // the stream has no more bytes
+  // The last pair of code 0 and its place in the window: who looks for an object reads it and gives
+  // it back, and the object reads it again.
+  static constexpr std::size_t kNoPair = ~std::size_t{0};
+  DxfPair held_;
+  std::size_t held_start_ = kNoPair;
+  std::size_t held_end_ = 0;
   std::wstring text_;
   std::array<KnownName, 64> names_;
 };
