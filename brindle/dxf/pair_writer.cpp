@@ -1,5 +1,6 @@
 #include "brindle/dxf/pair_writer.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 
@@ -26,11 +27,24 @@ void DxfPairWriter::reserve(std::size_t bytes) {
 }
 
 DxfPairWriter& DxfPairWriter::literal(const char* text) {
-  for (; *text != '\0'; ++text) {
-    reserve(2);
-    if (*text == '\n') buffer_[used_++] = '\r';
-    buffer_[used_++] = *text;
+  for (std::size_t left = std::strlen(text); left != 0;) {
+    const std::size_t piece = std::min(left, kBufferBytes / 2);
+    reserve(2 * piece);
+    char* out = buffer_.get() + used_;
+    for (const char* const end = text + piece; text != end; ++text) {
+      if (*text == '\n') *out++ = '\r';
+      *out++ = *text;
+    }
+    used_ = static_cast<std::size_t>(out - buffer_.get());
+    left -= piece;
   }
+  return *this;
+}
+
+DxfPairWriter& DxfPairWriter::end_line() {
+  reserve(2);
+  buffer_[used_++] = '\r';
+  buffer_[used_++] = '\n';
   return *this;
 }
 
@@ -91,9 +105,8 @@ void DxfPairWriter::group_code(int code) {
   if (code < 100) *out++ = ' ';
   if (code < 10) *out++ = ' ';
   out = std::to_chars(out, out + 8, code).ptr;
-  *out++ = '\r';
-  *out++ = '\n';
   used_ += static_cast<std::size_t>(out - start);
+  end_line();
 }
 
 void DxfPairWriter::group(int code, const wchar_t* value) {

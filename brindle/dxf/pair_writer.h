@@ -30,7 +30,7 @@ class DxfPairWriter {
   DxfPairWriter& real(double value);        // "%.10f"
   DxfPairWriter& integer(long long value);  // "%d"
   DxfPairWriter& hex(unsigned value);       // "%X"
-  DxfPairWriter& end_line() { return literal("\n"); }
+  DxfPairWriter& end_line();
 
   // A whole pair, with the group code right-justified to three characters.
   void group(int code, const wchar_t* value);
