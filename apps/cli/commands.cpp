@@ -1,0 +1,10 @@
+#include "apps/cli/command.h"
+
+namespace brindle::cli {
+
+const std::vector<const Command*>& all_commands() {
+  static const std::vector<const Command*> commands = {&kInfoCommand, &kConvertCommand};
+  return commands;
+}
+
+}  // namespace brindle::cli

@@ -1,0 +1,14 @@
+// Loading a drawing file for a command.
+#pragma once
+
+#include <string>
+
+#include "brindle/dxf/dxf.h"
+
+namespace brindle::cli {
+
+// Reads the file into the drawing. On failure complains, beside what the library told, and gives
+// false.
+bool load_drawing(const std::wstring& path, DXF& drawing);
+
+}  // namespace brindle::cli
