@@ -1,0 +1,161 @@
+// Drawings as bytes for the tests: a folder for files, and the pieces that drawing files are made
+// of.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/resource.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "brindle/dxf/dxf.h"
+#include "brindle/platform/base/stream.h"
+#include "tests/support/recorded_messages.h"
+
+namespace brindle {
+
+// A folder that lives as long as the object.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "brindle-dxf-XXXXXX").string();
+    if (mkdtemp(name.data()) != nullptr) path_ = name;
+  }
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  std::string operator/(const std::string& name) const { return (path_ / name).string(); }
+  std::size_t file_count() const {
+    std::size_t count = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(path_)) ++count;
+    return count;
+  }
+
+ private:
+  std::filesystem::path path_;
+};
+
+// Lowers a limit of the process for the life of the object.
+class ResourceLimit {
+ public:
+  ResourceLimit(int resource, rlim_t limit) : resource_(resource) {
+    getrlimit(static_cast<__rlimit_resource>(resource_), &before_);
+    rlimit lowered = before_;
+    lowered.rlim_cur = limit;
+    setrlimit(static_cast<__rlimit_resource>(resource_), &lowered);
+  }
+  ~ResourceLimit() { setrlimit(static_cast<__rlimit_resource>(resource_), &before_); }
+  ResourceLimit(const ResourceLimit&) = delete;
+  ResourceLimit& operator=(const ResourceLimit&) = delete;
+
+ private:
+  int resource_;
+  rlimit before_{};
+};
+
+inline std::wstring wide(const std::string& path) {
+  return from_path(path);
+}
+
+inline std::string bytes_of(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+inline void put_bytes(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// The text of a file with its line ends as "\n"; a line end other than CR LF shows as "<LF>".
+inline std::string text_of(const std::string& path) {
+  const std::string bytes = bytes_of(path);
+  std::string text;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') continue;
+    const bool bare = bytes[i] == '\n' && (i == 0 || bytes[i - 1] != '\r');
+    text += bare ? std::string("<LF>") : std::string(1, bytes[i]);
+  }
+  return text;
+}
+
+inline std::string with_cr(const std::string& text) {
+  std::string bytes;
+  for (char c : text) bytes += c == '\n' ? std::string("\r\n") : std::string(1, c);
+  return bytes;
+}
+
+// The entities of a list, in order, as one kind.
+template <class Entity = Varnholt::ACAD_ENTITY>
+std::vector<Entity*> all_of(const CPtrList& list) {
+  std::vector<Entity*> entities;
+  for (POSITION at = list.GetHeadPosition(); at != nullptr;) {
+    auto* entity = dynamic_cast<Entity*>(static_cast<Varnholt::ACAD_ENTITY*>(list.GetNext(at)));
+    if (entity != nullptr) entities.push_back(entity);
+  }
+  return entities;
+}
+
+// The smallest tables that a drawing file can have.
+inline const std::string kTables =
+    "  0\nSECTION\n  2\nTABLES\n"
+    "  0\nTABLE\n  2\nLTYPE\n 70\n1\n  0\nLTYPE\n  2\nCONTINUOUS\n 73\n0\n  0\nENDTAB\n"
+    "  0\nTABLE\n  2\nLAYER\n 70\n1\n  0\nLAYER\n  2\n0\n 62\n7\n  6\nCONTINUOUS\n  0\nENDTAB\n"
+    "  0\nTABLE\n  2\nSTYLE\n 70\n1\n  0\nSTYLE\n  2\nSTANDARD\n 41\n0.7\n  0\nENDTAB\n"
+    "  0\nENDSEC\n";
+
+inline std::string header(const std::string& variables) {
+  return "  0\nSECTION\n  2\nHEADER\n" + variables + "  0\nENDSEC\n";
+}
+inline std::string blocks(const std::string& text) {
+  return "  0\nSECTION\n  2\nBLOCKS\n" + text + "  0\nENDSEC\n";
+}
+inline std::string entities(const std::string& text) {
+  return "  0\nSECTION\n  2\nENTITIES\n" + text + "  0\nENDSEC\n  0\nEOF\n";
+}
+inline std::string line_entity(const std::string& layer, const std::string& x1) {
+  return "  0\nLINE\n  8\n" + layer + "\n 10\n" + x1 + "\n 20\n2\n 30\n3\n 11\n4\n 21\n5\n 31\n6\n";
+}
+inline std::string text_entity(const std::string& words) {
+  return "  0\nTEXT\n  8\n0\n 10\n1\n 20\n2\n 40\n3\n  1\n" + words + "\n";
+}
+
+// A drawing read from bytes: the result of the reader and what it told.
+struct ReadDrawing {
+  explicit ReadDrawing(const std::string& bytes) {
+    std::FILE* stream = std::tmpfile();
+    std::fwrite(bytes.data(), 1, bytes.size(), stream);
+    dxf.New_MemDxf();
+    result = dxf.Read_FileDxf_To_Mem(stream);
+    std::fclose(stream);
+  }
+  template <class Entity = Varnholt::ACAD_ENTITY>
+  std::vector<Entity*> entities() const {
+    return all_of<Entity>(dxf.m_Entities);
+  }
+  std::vector<std::wstring> texts() const {
+    std::vector<std::wstring> words;
+    for (const auto* text : entities<Varnholt::ACAD_TEXT>()) words.emplace_back(text->m_szText);
+    return words;
+  }
+  // "301 Layer Name Error !" for each message.
+  std::vector<std::wstring> told() const {
+    std::vector<std::wstring> lines;
+    for (const RecordedMessage& message : messages.messages) {
+      lines.push_back(std::to_wstring(message.code) + L" " + message.text);
+    }
+    return lines;
+  }
+
+  RecordedMessages messages;
+  DXF dxf;
+  int result = -1;
+};
+
+}  // namespace brindle
