@@ -46,6 +46,8 @@ int DXF::write_whole_file(const wchar_t* path, bool ac1015, int bHatch) {
   }
   lstrcpyn(m_szFileName, path, 300);
   reading_.reset();
+  // A file that New opened beside memory mode stays open, and this document's.
+  FILE* const streamed = m_nState == kWriting ? m_pFile : nullptr;
   m_nState = kWriting;
   m_pFile = file.stream();
   m_bMemMode = 0;
@@ -60,7 +62,7 @@ int DXF::write_whole_file(const wchar_t* path, bool ac1015, int bHatch) {
     writer_ = nullptr;
   }
   m_bMemMode = 1;
-  m_pFile = nullptr;
+  m_pFile = streamed;
   if (file.commit()) return 1;
   tell_error1(301, L"写文件失败: %s", path);
   return 0;
