@@ -85,6 +85,17 @@ inline std::string text_of(const std::string& path) {
   return text;
 }
 
+// Compares line by line, so that a difference tells its place and no more.
+inline void expect_text(const std::string& actual, const std::string& expected) {
+  std::istringstream a(actual), e(expected);
+  std::string line, wanted;
+  for (int n = 1; std::getline(e, wanted); ++n) {
+    ASSERT_TRUE(std::getline(a, line)) << "ends before line " << n << ": " << wanted;
+    ASSERT_EQ(line, wanted) << "line " << n;
+  }
+  EXPECT_FALSE(std::getline(a, line)) << "surplus: " << line;
+}
+
 inline std::string with_cr(const std::string& text) {
   std::string bytes;
   for (char c : text) bytes += c == '\n' ? std::string("\r\n") : std::string(1, c);

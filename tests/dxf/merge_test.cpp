@@ -1,0 +1,169 @@
+// Merging a drawing into another.
+#include <gtest/gtest.h>
+
+#include "tests/dxf/drawing_file.h"
+
+namespace brindle {
+namespace {
+
+using namespace Varnholt;
+
+ACAD_BLOCK* add_block(DXF& dxf, const wchar_t* name, double x = 0) {
+  auto* block = new ACAD_BLOCK;
+  block->m_szName = name;
+  block->x = x;
+  block->m_Entities.AddTail(new ACAD_LINE);
+  dxf.m_Blocks.AddTail(block);
+  return block;
+}
+
+class Merge : public testing::Test {
+ protected:
+  void SetUp() override {
+    to.Set_MaxNum_of_Tables(3, 3, 3, 3);
+    to.New_MemDxf();
+    from.New_MemDxf();
+    const float dashes[] = {1, -1};
+    from.Add_LType(L"DASH", L"from", 2, 2, dashes, 3);
+    from.Add_Layer(L"A", 1, L"DASH");
+    from.Add_STyle(L"HZ", L"from", L"", 0, 1);
+    from.Add_DimStyle(L"D", 1, 1, 1, 1, 1, 1, L"HZ", 1, L"", 1, 1, 1, 1);
+  }
+  RecordedMessages user;
+  DXF to, from;
+};
+
+TEST_F(Merge, TablesAndBlocksByName) {
+  to.Add_Layer(L"A", 9, L"CONTINUOUS");
+  add_block(to, L"B1", 1);
+  add_block(from, L"B1", 2);
+  ACAD_BLOCK* added = add_block(from, L"B2", 3);
+  add_block(from, L"*D1");
+  add_block(from, L"*Draft");
+  add_block(from, L"*U1");
+  EXPECT_EQ(to.InsertDxf(&from, 0, 0, 0, 0, 0), 1);
+  EXPECT_EQ(to.m_nNumLType + to.m_nNumLayer + to.m_nNumStyle + to.m_nNumDimStyle, 8);
+  EXPECT_EQ(to.find_layer(L"A")->m_nColor, 9);  // what is there stays
+  EXPECT_EQ(to.find_ltype(L"DASH")->m_dScale, 3);
+  EXPECT_EQ(to.find_style(L"HZ")->m_szFont, L"from");
+  EXPECT_EQ(to.find_dimstyle(L"D")->m_pDxf, &to);
+  EXPECT_EQ(from.find_dimstyle(L"D")->m_pDxf != &to, true);
+  ASSERT_EQ(to.m_Blocks.GetCount(), 3);  // the blocks of dimensions aren't copied
+  EXPECT_EQ(to.find_block(L"B1")->x, 1);
+  EXPECT_NE(to.find_block(L"U1"), added);
+  EXPECT_NE(to.find_block(L"*U1"), nullptr);
+  EXPECT_NE(all_of(to.find_block(L"B2")->m_Entities)[0], all_of(added->m_Entities)[0]);
+  // Again: nothing new but the entities.
+  EXPECT_EQ(to.InsertDxf(&from, 0, 0, 0, 0, 0), 1);
+  EXPECT_EQ(to.m_Blocks.GetCount(), 3);
+  EXPECT_EQ(to.m_nNumLType + to.m_nNumLayer + to.m_nNumStyle + to.m_nNumDimStyle, 8);
+  EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(Merge, EntitiesInOrderWithTheirTransform) {
+  from.SetCurEntityID(5);
+  from.Write_Line(10, 0, 0, 20, 0, 7, 1, L"A", L"1", L"DASH");
+  from.Write_Arc(10, 0, 0, 2, 0, 90, 1, L"A", L"1", L"BYLAYER");
+  from.Write_Text(10, 0, 0, 3, 0, L"t", L"HZ", L"A", L"1", L"BYLAYER");
+  from.Write_Circle(10, 0, 0, 2, 1, L"A", L"1", L"BYLAYER");
+  from.Write_Point(10, 0, 0, L"A");
+  const struct {
+    double dx, dy, angle, sx, sy;
+    double x, y, radius, start;  // of the arc
+  } cases[] = {
+      {0, 0, 0, 0, 0, 10, 0, 2, 0},
+      {100, 0, 0, 0, 0, 110, 0, 2, 0},
+      {0, 100, 0, 1, 1, 10, 100, 2, 0},
+      {0, 0, 90, 0, 0, 0, 10, 2, 90},
+      {0, 0, -90, 0, 0, 0, -10, 2, 270},
+      {0, 0, 0, 3, 5, 30, 0, 6, 0},
+      {1, 2, 90, 3, 5, 1, 52, 6, 90},
+      {9e-6, -9e-6, 9e-6, 9e-6, -9e-6, 10, 0, 2, 0},  // too little counts as nothing
+      {0, 0, 0, 3, 0, 30, 0, 6, 0},                   // one scale is enough for both
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.dx << " " << c.angle << " " << c.sx);
+    to.ClearAllEntity();
+    ASSERT_EQ(to.InsertDxf(&from, c.dx, c.dy, c.angle, c.sx, c.sy), 1);
+    const auto all = all_of(to.m_Entities);
+    ASSERT_EQ(all.size(), 5u);
+    const int kinds[] = {1, 4, 2, 3, 0};
+    for (std::size_t i = 0; i < 5; ++i) {
+      EXPECT_EQ(all[i]->GetType(), kinds[i]);
+      EXPECT_EQ(all[i]->m_pDxf, &to);
+      EXPECT_EQ(all[i]->m_nID, 5);
+      EXPECT_EQ(all[i]->m_szLayer, L"A");
+    }
+    const auto& arc = dynamic_cast<ACAD_ARC&>(*all[1]);
+    EXPECT_NEAR(arc.x, c.x, 1e-5);
+    EXPECT_NEAR(arc.y, c.y, 1e-5);
+    EXPECT_NEAR(arc.m_dRadius, c.radius, 1e-9);
+    EXPECT_NEAR(arc.m_dStartAngle, c.start, 1e-4);
+    EXPECT_EQ(dynamic_cast<ACAD_LINE&>(*all[0]).z2, 7);
+  }
+  EXPECT_EQ(from.m_Entities.GetCount(), 5);
+  EXPECT_EQ(all_of<ACAD_LINE>(from.m_Entities)[0]->x1, 10);  // the source is as it was
+}
+
+TEST_F(Merge, ByArrays) {
+  from.Write_Point(1, 2, 3, L"A");
+  double move[] = {1, 1, 1}, scale[] = {2, 0, 0, 0, 2, 0, 0, 0, 2};
+  float rot[] = {0, -1, 0, 1, 0, 0, 0, 0, 1};
+  EXPECT_EQ(to.InsertDxf(&from, move, static_cast<double*>(nullptr), scale), 1);
+  EXPECT_EQ(to.InsertDxf(&from, static_cast<float*>(nullptr), rot, nullptr), 1);
+  const auto points = all_of<ACAD_POINT>(to.m_Entities);
+  ASSERT_EQ(points.size(), 2u);
+  EXPECT_EQ(points[0]->x * 100 + points[0]->y * 10 + points[0]->z, 357);
+  EXPECT_EQ(points[1]->x * 100 + points[1]->y * 10 + points[1]->z, -200 + 10 + 3);
+}
+
+TEST_F(Merge, FullTablesStopIt) {
+  using Name = const wchar_t*;
+  const struct {
+    const wchar_t* message;
+    void (*fill)(DXF&, Name);
+    int DXF::*last;  // the table that could still be merged before
+  } cases[] = {
+      {L"线型表超界，请增大线型表个数",
+       [](DXF& dxf, Name name) { dxf.Add_LType(name, L"", 0, 0, nullptr, 1); }, nullptr},
+      {L"层表超界，请增大层表个数",
+       [](DXF& dxf, Name name) { dxf.Add_Layer(name, 1, L"CONTINUOUS"); }, &DXF::m_nNumLType},
+      {L"字型表超界，请增大字型表个数",
+       [](DXF& dxf, Name name) { dxf.Add_STyle(name, L"", L"", 1, 1); }, &DXF::m_nNumLayer},
+      {L"尺寸样式表超界，请增大尺寸样式表个数",
+       [](DXF& dxf, Name name) {
+         dxf.Add_DimStyle(name, 0, 0, 0, 0, 0, 0, L"", 0, L"", 0, 0, 0, 0);
+       },
+       &DXF::m_nNumStyle},
+  };
+  from.Write_Point(1, 2, 3, L"A");
+  for (const auto& c : cases) {
+    DXF full;
+    full.Set_MaxNum_of_Tables(3, 3, 3, 3);
+    full.New_MemDxf();
+    c.fill(full, L"X");
+    c.fill(full, L"Y");
+    user.messages.clear();
+    EXPECT_EQ(full.InsertDxf(&from, 0, 0, 0, 0, 0), 0);
+    ASSERT_EQ(user.messages.size(), 1u);
+    EXPECT_EQ(user.messages[0].code, 201);
+    EXPECT_EQ(user.messages[0].text, c.message);
+    EXPECT_TRUE(full.m_Entities.IsEmpty());
+    if (c.last != nullptr) {
+      EXPECT_EQ(full.*c.last, 2);
+    }
+  }
+}
+
+TEST_F(Merge, NeedsTwoDrawingsWithTables) {
+  DXF closed;
+  EXPECT_EQ(to.InsertDxf(&closed, 0, 0, 0, 0, 0), 0);
+  EXPECT_EQ(closed.InsertDxf(&to, 0, 0, 0, 0, 0), 0);
+  EXPECT_EQ(to.InsertDxf(nullptr, 0, 0, 0, 0, 0), 0);
+  to.Write_Point(0, 0, 0, L"0");
+  EXPECT_EQ(to.InsertDxf(&to, 0, 0, 0, 0, 0), 0);
+  EXPECT_EQ(to.m_Entities.GetCount(), 1);
+}
+
+}  // namespace
+}  // namespace brindle
