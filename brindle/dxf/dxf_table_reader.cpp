@@ -13,6 +13,7 @@ using namespace Varnholt;
 struct DxfTableMessages {
   const wchar_t* wrong_count;
   const wchar_t* out_of_memory;
+  const wchar_t* no_array;  // null: nothing is told
 };
 
 namespace {
@@ -20,13 +21,15 @@ namespace {
 constexpr int kMostRecords = 1000;
 
 constexpr DxfTableMessages kLTypeMessages = {L"Num_LType Error !",
-                                             L"Out of Memery When Read LType!"};
+                                             L"Out of Memery When Read LType!", nullptr};
 constexpr DxfTableMessages kLayerMessages = {L"Num_Layer Error !",
-                                             L"Out of Memery When Read Layer!"};
-constexpr DxfTableMessages kStyleMessages = {L"Num_Style Error !",
-                                             L"Out of Memery When Read Style!"};
+                                             L"Out of Memery When Read Layer!", nullptr};
+// Styles tell a failed allocation in the line types' words; that is meant.
+constexpr DxfTableMessages kStyleMessages = {
+    L"Num_Style Error !", L"Out of Memery When Read LType!", L"Out of Memery When Read Style!"};
 constexpr DxfTableMessages kDimStyleMessages = {L"Num_DimStyle Error !",
-                                                L"Out of Memery When Read DimStyle!"};
+                                                L"Out of Memery When Read DimStyle!",
+                                                L"Out of Memery When Read Style!"};
 
 }  // namespace
 
@@ -86,6 +89,11 @@ bool DXF::prepare_table(const DxfTableMessages& messages, Record*& records, int&
     delete[] records;
     records = larger;
     capacity = count;
+  }
+  if (records == nullptr) {
+    if (messages.no_array != nullptr) tell_error(301, messages.no_array);
+    count = 0;
+    return false;
   }
   for (int i = 0; i < count; ++i) records[i].m_pDxf = this;
   return true;
