@@ -16,6 +16,13 @@ void tell_losses(const std::wstring& path) {
   }
 }
 
+// A table that the input lacks takes its default entry: no drawing is complete without one.
+void complete_tables(DXF& drawing) {
+  for (int* count : {&drawing.m_nNumLType, &drawing.m_nNumLayer, &drawing.m_nNumStyle}) {
+    if (*count < 1) *count = 1;
+  }
+}
+
 ExitStatus run_convert(const Arguments& arguments) {
   const std::string& dialect = arguments.value("--to");
   if (dialect != "r12" && dialect != "2000") {
@@ -26,6 +33,7 @@ ExitStatus run_convert(const Arguments& arguments) {
   DXF drawing;
   if (!load_drawing(from, drawing)) return kBadInput;
   tell_losses(from);
+  complete_tables(drawing);
   const int written = dialect == "2000" ? drawing.Write_MemDxf_To_File2000(to.c_str())
                                         : drawing.Write_MemDxf_To_File(
                                               to.c_str(), arguments.has("--hatches") ? 1 : 0);
