@@ -28,6 +28,9 @@ Probe probe(Iconv& iconv, std::string_view bytes, char16_t& character) {
   const char* in = bytes.data();
   char* out = reinterpret_cast<char*>(wide);
   const int error = iconv.run(in, bytes.data() + bytes.size(), out, out + sizeof wide);
+  // Of some pages iconv holds a letter back, to join it with an accent behind it. In files each
+  // byte is a character by itself.
+  if (error == 0) iconv.flush(out, reinterpret_cast<char*>(wide) + sizeof wide);
   if (error == EILSEQ) return Probe::kInvalid;
   if (error == EINVAL) return Probe::kIncomplete;
   const bool is_one = out == reinterpret_cast<char*>(wide + 1);

@@ -65,6 +65,16 @@ TEST(CodePage, EveryCharacterAsIconv) {
   }
 }
 
+// The system's iconv joins a letter and the accent behind it, and holds letters back for that.
+TEST(CodePage, LettersAndAccentsStayApart) {
+  const CodePage& vietnamese = *CodePage::find(1258);
+  EXPECT_TRUE(vietnamese.is_ascii_compatible());
+  EXPECT_EQ(vietnamese.decode("e\xECt\xE9\xCC"), L"e\u0301t\u00E9\u0300");
+  EXPECT_EQ(vietnamese.encode(L"e\u0301t\u00E9\u0300"), "e\xECt\xE9\xCC");
+  const CodePage& hebrew = *CodePage::find(1255);
+  EXPECT_EQ(hebrew.decode("\xF9\xD1\xF6\xFF."), L"\u05E9\u05C1\u05E6\uFFFD.");
+}
+
 TEST(CodePage, DecodesGbkWithWhatIsWrongInIt) {
   const CodePage& page = *CodePage::find(936);
   const struct {
