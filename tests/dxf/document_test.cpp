@@ -28,10 +28,6 @@ TEST(Document, StartsClosed) {
   EXPECT_EQ(dxf.m_dLtScale, 1.0);
   EXPECT_EQ(dxf.m_pQuadTree, nullptr);
   EXPECT_EQ(dxf.m_pLayer, nullptr);
-  EXPECT_EQ(dxf.m_nMaxLType, 100);
-  EXPECT_EQ(dxf.m_nMaxLayer, 250);
-  EXPECT_EQ(dxf.m_nMaxStyle, 100);
-  EXPECT_EQ(dxf.m_nMaxDimStyle, 100);
   // Without tables nothing can be added, looked up or written.
   EXPECT_EQ(dxf.Write_Line(0, 0, 0, 1, 1, 0, 1, L"0", L"7", L"BYLAYER"), nullptr);
   EXPECT_EQ(dxf.Add_Layer(L"A", 1, L"CONTINUOUS"), nullptr);
@@ -42,28 +38,6 @@ TEST(Document, StartsClosed) {
   EXPECT_EQ(dxf.Write_Tables(), 0);
   EXPECT_EQ(dxf.GetFRect().Width(), 0);
   EXPECT_EQ(dxf.Get_Max_Point().GetX(), 0);
-}
-
-TEST(Document, TablesStartWithTheirFirstEntry) {
-  DXF dxf;
-  ASSERT_EQ(dxf.New_MemDxf(), 1);
-  EXPECT_EQ(dxf.m_nState, 0);
-  EXPECT_EQ(dxf.m_bMemMode, 1);
-  const int counts[] = {dxf.m_nNumLType, dxf.m_nNumLayer, dxf.m_nNumStyle, dxf.m_nNumDimStyle};
-  for (int count : counts) EXPECT_EQ(count, 1);
-  EXPECT_EQ(dxf.m_pLType[0].m_szName, L"CONTINUOUS");
-  EXPECT_EQ(dxf.m_pLType[0].m_szDesc, L"Solid Line");
-  EXPECT_EQ(dxf.m_pLType[0].m_nAlign, 65);
-  EXPECT_EQ(dxf.m_pLayer[0].m_szName, L"0");
-  EXPECT_EQ(dxf.m_pLayer[0].m_nFlags, 64);
-  EXPECT_EQ(dxf.m_pLayer[0].m_nColor, 7);
-  EXPECT_EQ(dxf.m_pStyle[0].m_szName, L"STANDARD");
-  EXPECT_EQ(dxf.m_pStyle[0].m_dWidth, 0.8500000238418579);
-  EXPECT_EQ(dxf.m_pStyle[0].m_dLastHeight, 0.20000000298023224);
-  EXPECT_EQ(dxf.m_pStyle[0].m_szFont, L"txt");
-  EXPECT_EQ(dxf.m_pDimStyle[0].m_szName, L"STANDARD");
-  EXPECT_EQ(dxf.m_pDimStyle[0].m_szTxtStyle, L"STANDARD");
-  for (int i = 0; i < dxf.m_nMaxLayer; ++i) ASSERT_GE(dxf.m_pLayer[i].m_nHandle, 5000u);
 }
 
 TEST(Document, CapacitiesAreFixedByTheFirstNew) {
@@ -322,17 +296,6 @@ TEST(Document, ViewsOfTheWhole) {
   EXPECT_EQ(box.left, 950);
   EXPECT_EQ(box.right, 5010);
   EXPECT_EQ(box.top, 5010);
-}
-
-TEST(Document, PlatformOptions) {
-  EXPECT_EQ(G_cCADPlatOption.m_bQuadTreeHitTest, 1);
-  EXPECT_EQ(G_cCADPlatOption.m_nQuadTreeDepth, 10);
-  EXPECT_EQ(G_cCADPlatOption.m_fQuadTreeRatio, 0.2f);
-  EXPECT_EQ(G_cCADPlatOption.m_nQuadTreeMargin, 30);
-  const int before = GetDXFPrintColor(0);
-  SetDXFPrintColor(5);
-  EXPECT_EQ(GetDXFPrintColor(0), 5);
-  SetDXFPrintColor(before);
 }
 
 }  // namespace

@@ -137,6 +137,9 @@ inline std::string text_entity(const std::string& words) {
   return "  0\nTEXT\n  8\n0\n 10\n1\n 20\n2\n 40\n3\n  1\n" + words + "\n";
 }
 
+inline const std::string kLine = line_entity("0", "1");
+inline const std::string kEnd = "  0\nENDSEC\n";
+
 // A drawing read from bytes: the result of the reader and what it told.
 struct ReadDrawing {
   explicit ReadDrawing(const std::string& bytes) {

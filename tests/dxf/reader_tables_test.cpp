@@ -1,0 +1,188 @@
+// Reading the symbol tables.
+#include <gtest/gtest.h>
+
+#include "tests/dxf/drawing_file.h"
+
+namespace brindle {
+namespace {
+
+using namespace Varnholt;
+using Texts = std::vector<std::wstring>;
+
+std::string layer_table(int told, int records) {
+  std::string text = "  0\nTABLE\n  2\nLAYER\n 70\n" + std::to_string(told) + "\n";
+  for (int i = 0; i < records; ++i) {
+    text += "  0\nLAYER\n  2\nL" + std::to_string(i) + "\n 62\n" + std::to_string(i) + "\n";
+  }
+  return text + "  0\nENDTAB\n";
+}
+
+TEST(TableReader, TableCounts) {
+  const std::wstring wrong = L"301 Num_Layer Error !";
+  const struct {
+    int told, records;
+    int count;  // of layers, after reading
+    Texts messages;
+  } cases[] = {{0, 3, 3, {}},      {2000000000, 3, 3, {}},   {-1, 3, 3, {}},
+               {1, 250, 250, {}},  {1, 251, 251, {}},        {1, 1000, 1000, {}},
+               {9, 0, 0, {wrong}}, {1001, 1001, 1, {wrong}}, {1, 20000, 1, {wrong}}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.told << " told, " << c.records);
+    ReadDrawing read("  0\nSECTION\n  2\nTABLES\n" + layer_table(c.told, c.records) + kEnd +
+                     entities(kLine));
+    EXPECT_EQ(read.result, 1);
+    EXPECT_EQ(read.told(), c.messages);
+    EXPECT_EQ(read.dxf.m_nNumLayer, c.count);
+    EXPECT_GE(read.dxf.m_nMaxLayer, c.count);
+    EXPECT_EQ(read.entities().size(), 1u);
+    const bool is_read = c.messages.empty();
+    for (int i = 0; i < c.count; ++i) {
+      const ACAD_LAYER& layer = read.dxf.m_pLayer[i];
+      ASSERT_EQ(layer.m_szName, is_read ? (L"L" + std::to_wstring(i)).c_str() : L"0");
+      ASSERT_EQ(layer.m_nColor, is_read ? i : 7);
+    }
+    // The tables that the file lacks are empty, and told so when they are used.
+    EXPECT_EQ(read.dxf.m_nNumLType + read.dxf.m_nNumStyle + read.dxf.m_nNumDimStyle, 0);
+    if (c.count > 0) continue;
+    EXPECT_EQ(read.dxf.Write_Point(0, 0, 0, L"0"), nullptr);
+    EXPECT_EQ(read.told().back(), L"301 Layer Name Error !");
+  }
+}
+
+TEST(TableReader, EveryTableChecksItsCount) {
+  const struct {
+    std::string keyword;
+    std::wstring message;
+    int DXF::*count;
+    int DXF::*capacity;
+  } cases[] = {
+      {"LTYPE", L"301 Num_LType Error !", &DXF::m_nNumLType, &DXF::m_nMaxLType},
+      {"STYLE", L"301 Num_Style Error !", &DXF::m_nNumStyle, &DXF::m_nMaxStyle},
+      {"DIMSTYLE", L"301 Num_DimStyle Error !", &DXF::m_nNumDimStyle, &DXF::m_nMaxDimStyle}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.keyword);
+    auto file = [&](int records) {
+      std::string text = "  0\nSECTION\n  2\nTABLES\n  0\nTABLE\n  2\n" + c.keyword + "\n 70\n5\n";
+      for (int i = 0; i < records; ++i)
+        text += "  0\n" + c.keyword + "\n  2\nN" + std::to_string(i) + "\n";
+      return text + "  0\nENDTAB\n" + kEnd + entities("");
+    };
+    EXPECT_EQ(ReadDrawing(file(0)).told(), Texts{c.message});
+    EXPECT_EQ(ReadDrawing(file(1001)).told(), Texts{c.message});
+    const ReadDrawing read(file(300));
+    EXPECT_EQ(read.told(), Texts());
+    EXPECT_EQ(read.dxf.*c.count, 300);
+    EXPECT_EQ(read.dxf.*c.capacity, 300);
+  }
+}
+
+TEST(TableReader, Records) {
+  ReadDrawing read(
+      "  0\nSECTION\n  2\nTABLES\n"
+      "  0\nTABLE\n  2\nVPORT\n 70\n1\n  0\nVPORT\n  2\n*ACTIVE\n 12\n5\n  0\nENDTAB\n"
+      "  0\nTABLE\n  2\nLTYPE\n  5\n1F\n 70\n5\n"
+      "  0\nLTYPE\n  5\n20\n  2\nBYBLOCK\n 70\n0\n  3\nd\n 73\n0\n"
+      "  0\nLTYPE\n  2\nBYBLAYER\n"
+      "  0\nLTYPE\n  2\nBYLAYER\n 72\n66\n"
+      "  0\nLTYPE\n  2\n\xb5\xe3\n 73\n3\n 40\n1.5\n 49\n1\n 74\n0\n 49\n-.5\n 49\n0\n"
+      "  0\nLTYPE\n  2\nMORE\n 73\n1\n 49\n1\n 49\n2\n  3\nlate\n"
+      "  0\nLTYPE\n  2\nWILD\n 73\n2000000000\n" +
+      [] {
+        std::string dashes;
+        for (int i = 0; i < 150; ++i) dashes += " 49\n" + std::to_string(i) + "\n";
+        return dashes;
+      }() +
+      "  0\nENDTAB\n"
+      "  0\nTABLE\n  2\nLAYER\n  0\nLAYER\n  2\nA\n 70\n69\n 62\n-7\n  6\nDOT\n  0\nENDTAB\n"
+      "  0\nTABLE\n  2\nSTYLE\n  0\nSTYLE\n  2\nS\n 70\n1\n 40\n2\n 41\n3\n 50\n4\n 71\n5\n 42\n6\n"
+      "  3\nf.ttf\n  4\nb\n1001\nACAD\n1000\n\xcb\xce\xcc\xe5\n  0\nENDTAB\n"
+      "  0\nTABLE\n  2\nDIMSTYLE\n100\nAcDbDimStyleTable\n  0\nDIMSTYLE\n105\n2A\n  2\nD\n  "
+      "5\nARROW\n"
+      " 41\n3.5\n 77\n2\n178\n4\n288\n1\n340\n1F\n  0\nENDTAB\n" +
+      kEnd + entities(""));
+  EXPECT_EQ(read.told(), Texts());
+  const DXF& dxf = read.dxf;
+  ASSERT_EQ(dxf.m_nNumLType, 6);
+  EXPECT_EQ(dxf.m_pLType[0].m_szName, L"CONTINUOUS");
+  EXPECT_EQ(dxf.m_pLType[0].m_szDesc, L"d");
+  EXPECT_EQ(dxf.m_pLType[1].m_szName, L"CONTINUOUS");
+  EXPECT_EQ(dxf.m_pLType[2].m_szName, L"BYLAYER");
+  EXPECT_EQ(dxf.m_pLType[2].m_nAlign, 66);
+  EXPECT_EQ(dxf.m_pLType[3].m_szName, L"点");
+  EXPECT_EQ(dxf.m_pLType[3].m_dPatternLength, 1.5);
+  EXPECT_EQ(dxf.m_pLType[3].m_dDash[1], -0.5);
+  EXPECT_EQ(dxf.m_pLType[4].m_nDashCount, 1);
+  EXPECT_EQ(dxf.m_pLType[4].m_szDesc, L"Solid Line");  // a dash too many ended the record
+  EXPECT_EQ(dxf.m_pLType[5].m_nDashCount, 100);
+  EXPECT_EQ(dxf.m_pLType[5].m_dDash[99], 99);
+  EXPECT_EQ(dxf.m_pLayer[0].m_nFlags, 69);
+  EXPECT_EQ(dxf.m_pLayer[0].m_nColor, -7);
+  EXPECT_EQ(dxf.m_pLayer[0].m_szLType, L"DOT");
+  const ACAD_STYLE& style = dxf.m_pStyle[0];
+  EXPECT_EQ(style.m_nFlags + 10 * style.m_dHeight + 100 * style.m_dWidth + 1000 * style.m_dOblique +
+                10000 * style.m_nGenFlags + 100000 * style.m_dLastHeight,
+            654321);
+  EXPECT_EQ(style.m_szExtFont, L"宋体");
+  const ACAD_DIMSTYLE& dimension = dxf.m_pDimStyle[0];
+  EXPECT_EQ(dimension.DIMBLK, L"ARROW");
+  EXPECT_EQ(dimension.DIMASZ, 3.5);
+  EXPECT_EQ(dimension.DIMTAD * 100 + dimension.DIMCLRT * 10 + dimension.DIMUPT, 241);
+  EXPECT_EQ(dimension.m_szTxtStyle, L"STANDARD");
+}
+
+// The handle of a text style is the writer's own, not the file's.
+TEST(TableReader, WrittenAgainDimensionStylesKnowTheirTextStyle) {
+  std::string tables = kTables;
+  tables.insert(
+      tables.size() - kEnd.size(),
+      "  0\nTABLE\n  2\nDIMSTYLE\n  0\nDIMSTYLE\n  2\nD1\n340\nABC\n  0\nDIMSTYLE\n  2\nD2\n"
+      "  0\nENDTAB\n");
+  ReadDrawing read(tables + entities(""));
+  ASSERT_EQ(read.dxf.m_nNumDimStyle, 2);
+  TemporaryFolder folder;
+  for (const bool ac1015 : {false, true}) {
+    const std::wstring path = wide(folder / "a.dxf");
+    ac1015 ? read.dxf.Write_MemDxf_To_File2000(path.c_str())
+           : read.dxf.Write_MemDxf_To_File(path.c_str(), 1);
+    char handle[20];
+    std::snprintf(handle, sizeof handle, "340\n%X\n", read.dxf.m_pStyle[0].m_nHandle);
+    const std::string text = text_of(folder / "a.dxf");
+    const std::size_t first = text.find(handle);
+    ASSERT_NE(first, std::string::npos);
+    EXPECT_NE(text.find(handle, first + 1), std::string::npos);
+  }
+}
+
+TEST(TableReader, DamagedTables) {
+  const struct {
+    const char* name;
+    std::string tables;
+    int ltypes, layers;
+  } cases[] = {
+      {"a table without its end",
+       "  0\nTABLE\n  2\nLTYPE\n  0\nLTYPE\n  2\nA\n  0\nTABLE\n  2\nLAYER\n  0\nLAYER\n  2\nB\n"
+       "  0\nENDTAB\n",
+       1, 1},
+      {"records without a table", "  0\nLTYPE\n  2\nA\n  0\nLAYER\n  2\nB\n", 1, 1},
+      {"a table twice", layer_table(1, 2) + layer_table(1, 2), 0, 4},
+      {"a table without a name", "  0\nTABLE\n  0\nLAYER\n  2\nB\n  0\nENDTAB\n", 0, 1},
+      {"another record inside",
+       "  0\nTABLE\n  2\nLAYER\n  0\nLAYER\n  2\nB\n  0\nSTYLE\n  2\nS\n"
+       "  0\nLAYER\n  2\nC\n  0\nENDTAB\n",
+       0, 2},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    ReadDrawing read("  0\nSECTION\n  2\nTABLES\n" + c.tables + kEnd + entities(kLine));
+    EXPECT_EQ(read.result, 1);
+    EXPECT_EQ(read.entities().size(), 1u);
+    EXPECT_EQ(read.dxf.m_nNumLType, c.ltypes);
+    EXPECT_EQ(read.dxf.m_nNumLayer, c.layers);
+    TemporaryFolder folder;
+    read.dxf.Write_MemDxf_To_File(wide(folder / "a.dxf").c_str(), 1);  // within the arrays
+    read.dxf.Write_MemDxf_To_File2000(wide(folder / "a.dxf").c_str());
+  }
+}
+
+}  // namespace
+}  // namespace brindle
