@@ -44,6 +44,12 @@ class Package(unittest.TestCase):
         self.assertIn("AC1015", text)
         self.assertRegex(text, r"\n *0\r?\nLINE\r?\n")
         self.assertTrue(text.rstrip().endswith("EOF"))
+        lines = [line.strip() for line in text.splitlines()]
+        pairs = iter(zip(lines[::2], lines[1::2]))
+        readme = (SOURCE / "README.md").read_text(encoding="utf-8")
+        listing = re.search(r"^```\n(  2 ENTITIES\n.*?)^```", readme, re.MULTILINE | re.DOTALL)
+        for line in listing.group(1).splitlines():
+            self.assertIn(tuple(line.split()), pairs, "the listing in README.md, in its order")
 
     def test_find_package(self):
         build = self.work / "outside"
