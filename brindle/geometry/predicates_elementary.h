@@ -27,9 +27,10 @@ double _JH_GetAngle(double x1, double y1, double x2, double y2);
 float JH_Set2PI(float a);
 double _JH_Set2PI(double a);
 
-// Whether the angle lies in the arc that runs counter-clockwise from a0, which is expected in [0, 2
-// pi), to a1; an a1 below a0 is taken a turn later. Closed, widened by `tol`, an angle; an angle
-// nearer to a0 than `tol`, before any reduction, always counts.
+// Whether the angle lies in the arc that runs counter-clockwise from a0, which is expected in
+// [0, 2 pi), to a1; an a1 below a0 is taken a turn later. Closed, widened by `tol`, an angle, but
+// not through zero: with a0 = 0 an angle just below 2 pi is outside. An angle nearer to a0 than
+// `tol`, before any reduction, always counts.
 int JH_TestAngleInArc(float a, float a0, float a1, float tol);
 int _JH_TestAngleInArc(double a, double a0, double a1, double tol);
 

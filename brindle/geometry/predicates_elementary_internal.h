@@ -75,17 +75,18 @@ Real direction(Point<Real> from, Point<Real> to) {
   return dy < 0 ? t + K::kTwoPi : t;
 }
 
-// Whole turns are taken off by a quotient, then by steps. Where the quotient leaves many turns, a
-// remainder shortens the way: for a large angle a step would change nothing.
+// Whole turns are taken off by a quotient, then by steps. Where the quotient leaves many turns, or
+// its product has no value, the remainder is taken instead: for a large angle a step would change
+// nothing.
 template <class Real>
 Real reduce_angle(Real a) {
   constexpr Real kTwoPi = Constants<Real>::kTwoPi;
   constexpr Real kManyTurns = 1000 * kTwoPi;
-  a -= std::trunc(a / Constants<Real>::kReductionPeriod) * kTwoPi;
-  if (std::fabs(a) > kManyTurns) a = std::fmod(a, kTwoPi);
-  while (a >= kTwoPi) a -= kTwoPi;
-  while (a < 0) a += kTwoPi;
-  return a;
+  Real rest = a - std::trunc(a / Constants<Real>::kReductionPeriod) * kTwoPi;
+  if (!(std::fabs(rest) <= kManyTurns)) rest = std::fmod(a, kTwoPi);
+  while (rest >= kTwoPi) rest -= kTwoPi;
+  while (rest < 0) rest += kTwoPi;
+  return rest;
 }
 
 template <class Real>
