@@ -47,6 +47,7 @@
 #include "brindle/geometry/arrays.h"
 #include "brindle/geometry/break_point.h"
 #include "brindle/geometry/coordinate_transform.h"
+#include "brindle/geometry/determinant.h"
 #include "brindle/geometry/distances.h"
 #include "brindle/geometry/fillet.h"
 #include "brindle/geometry/frames.h"
@@ -74,6 +75,19 @@
 #include "brindle/geometry/vector3.h"
 #include "brindle/geometry/vectors.h"
 
+#include "brindle/geometry/matrix/float_matrix.h"
+#include "brindle/geometry/matrix/foundations.h"
+#include "brindle/geometry/matrix/integral.h"
+#include "brindle/geometry/matrix/ite_exception.h"
+#include "brindle/geometry/matrix/matrix.h"
+#include "brindle/geometry/matrix/matrix_functions.h"
+#include "brindle/geometry/matrix/messages.h"
+#include "brindle/geometry/matrix/planar.h"
+#include "brindle/geometry/matrix/sections.h"
+#include "brindle/geometry/matrix/single_span.h"
+#include "brindle/geometry/matrix/text.h"
+#include "brindle/geometry/matrix/vector.h"
+
 #include "brindle/dxf/acad_arc.h"
 #include "brindle/dxf/acad_block.h"
 #include "brindle/dxf/acad_circle.h"
@@ -97,6 +111,9 @@
 #include "brindle/dxf/pair_writer.h"
 #include "brindle/dxf/record_field.h"
 #include "brindle/dxf/text_escape.h"
+
+#include "brindle/mesh/geo_edge.h"
+#include "brindle/mesh/geo_vertex.h"
 // umbrella: end
 
 namespace brindle {}
