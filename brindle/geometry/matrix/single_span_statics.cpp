@@ -87,9 +87,8 @@ double SingleSpan::peak(double sign) const {
   };
   const double end = load_.start + load_.length;
   for (const double x : {0.0, load_.start, end, load_.place, length_}) consider(moment(x));
-  // The other side of a couple.
-  consider(m0_ + v0_ * load_.place - load_moment(load_.place) -
-           (load_.couple != 0 && passed(load_.place) ? load_.couple : 0));
+  // Left of a couple; moment() gives what is right of it.
+  if (load_.couple != 0 && passed(load_.place)) consider(moment(load_.place) - load_.couple);
   // Within the distributed load, where the shear v0 - w0 u - (w1 - w0) u^2 / 2d is 0.
   if (load_.length > 0) {
     const double A = (load_.w1 - load_.w0) / (2 * load_.length), B = load_.w0, C = -v0_;
