@@ -101,6 +101,7 @@
 #include "brindle/dxf/acad_table.h"
 #include "brindle/dxf/acad_text.h"
 #include "brindle/dxf/cad_platform_option.h"
+#include "brindle/dxf/drawing_encoding.h"
 #include "brindle/dxf/drawing_globals.h"
 #include "brindle/dxf/dxf.h"
 #include "brindle/dxf/entity_kinds.h"

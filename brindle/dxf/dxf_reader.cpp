@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "brindle/dxf/drawing_encoding.h"
 #include "brindle/dxf/dxf.h"
 #include "brindle/dxf/dxf_reading_internal.h"
 #include "brindle/dxf/entity_kinds.h"
@@ -15,8 +16,6 @@ namespace brindle {
 using namespace Varnholt;
 
 namespace {
-
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 void keep_line(const DxfLine& line, const CodePage& page, wchar_t* buffer) {
   std::wstring text = page.decode(line.bytes);
@@ -91,28 +90,14 @@ int DXF::Read_FileDxf_To_Mem(FILE* stream) {
 // by the name of a code page. Otherwise the process's code page holds.
 void DXF::detect_code_page() {
   DxfPairReader& pairs = reading_->pairs;
-  pairs.seek(0);
-  DxfLine line;
-  if (pairs.read_line(line) && line.bytes.substr(0, 3) == kUtf8Mark) {
-    if (const CodePage* utf8 = CodePage::find(65001u)) pairs.set_code_page(*utf8);
-    reading_->searched = 3;  // the mark is no part of the first line
+  DrawingEncoding encoding;
+  encoding.byte_order_mark = skip_byte_order_mark(pairs);
+  if (encoding.byte_order_mark) {
+    reading_->searched = pairs.position();  // the mark is no part of the first line
+  } else if (find_section("HEADER")) {
+    read_encoding_variables(pairs, encoding);
   }
-  const bool marked = reading_->searched != 0;
-  if (marked || !find_section("HEADER")) return;
-  DxfPair pair;
-  const CodePage* page = nullptr;
-  while (pairs.read(pair) && !pair.is(0, "ENDSEC")) {
-    if (pair.is(9, "$ACADVER")) {
-      if (pairs.read(pair) && pair.code == 1 && pair.value.bytes >= "AC1021" &&
-          pair.value.bytes.substr(0, 2) == "AC") {
-        page = CodePage::find(65001u);
-        break;
-      }
-    } else if (pair.is(9, "$DWGCODEPAGE")) {
-      if (pairs.read(pair) && pair.code == 3) page = find_by_drawing_name(pair.value.bytes);
-    }
-  }
-  if (page != nullptr) pairs.set_code_page(*page);
+  if (const CodePage* page = encoding.page()) pairs.set_code_page(*page);
 }
 
 // Puts the reader behind the line that names a section, the first in the file.
