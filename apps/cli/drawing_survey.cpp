@@ -12,21 +12,11 @@
 namespace brindle::cli {
 namespace {
 
-constexpr std::string_view kFirstUtf8Version = "AC1021";
-
 // Pairs of code 0 that are no entities themselves.
 bool is_structure(std::string_view word) {
   static constexpr std::string_view kWords[] = {"SECTION", "ENDSEC", "EOF",   "BLOCK",
                                                 "ENDBLK",  "VERTEX", "SEQEND"};
   return std::find(std::begin(kWords), std::end(kWords), word) != std::end(kWords);
-}
-
-void note_header_variable(DxfPairReader& reader, const DxfPair& name, DrawingSurvey& survey) {
-  std::string* text = name.value.is("$ACADVER")       ? &survey.version
-                      : name.value.is("$DWGCODEPAGE") ? &survey.code_page
-                                                      : nullptr;
-  DxfPair value;
-  if (text != nullptr && text->empty() && reader.read(value)) *text = value.value.bytes;
 }
 
 }  // namespace
@@ -35,19 +25,22 @@ DrawingSurvey survey_drawing(const std::wstring& path) {
   DrawingSurvey survey;
   std::FILE* file = _wfopen(path.c_str(), L"rb");
   if (file == nullptr) return survey;
-  char mark[3] = {};
-  survey.byte_order_mark =
-      std::fread(mark, 1, 3, file) == 3 && std::string_view(mark, 3) == "\xEF\xBB\xBF";
-  if (!survey.byte_order_mark) std::rewind(file);
-
   DxfPairReader reader(file, ansi_code_page());
+  survey.encoding.byte_order_mark = skip_byte_order_mark(reader);
   DxfPair pair;
   std::string section;
-  bool opening = false;
+  bool opening = false, header_read = false;
   while (reader.read(pair)) {
-    if (opening && pair.code == 2) section = pair.value.bytes;
+    if (opening && pair.code == 2) {
+      section = pair.value.bytes;
+      if (section == "HEADER" && !header_read) {
+        const long long start = reader.position();
+        read_encoding_variables(reader, survey.encoding);
+        reader.seek(start);  // whatever the header lacks, the walk sees the rest of the file
+        header_read = true;
+      }
+    }
     opening = pair.is(0, "SECTION");
-    if (section == "HEADER" && pair.code == 9) note_header_variable(reader, pair, survey);
     if (pair.code != 0 || (section != "ENTITIES" && section != "BLOCKS")) continue;
     const std::string_view word = pair.value.bytes;
     if (is_structure(word) || Varnholt::find_entity_kind(word) != nullptr) continue;
@@ -57,12 +50,10 @@ DrawingSurvey survey_drawing(const std::wstring& path) {
   return survey;
 }
 
-std::wstring encoding_of(const DrawingSurvey& survey) {
-  if (survey.byte_order_mark) return L"UTF-8 (byte-order mark)";
-  if (survey.version.substr(0, 2) == "AC" && survey.version >= kFirstUtf8Version) {
-    return L"UTF-8 (by the version)";
-  }
-  if (const CodePage* page = find_by_drawing_name(survey.code_page)) {
+std::wstring encoding_of(const DrawingEncoding& encoding) {
+  if (encoding.byte_order_mark) return L"UTF-8 (byte-order mark)";
+  if (encoding.is_utf8_by_version()) return L"UTF-8 (by the version)";
+  if (const CodePage* page = encoding.page()) {
     return wformat(L"%S (by $DWGCODEPAGE)", page->name());
   }
   return wformat(L"%S (the process's; the file tells none)", ansi_code_page().name());

@@ -4,12 +4,12 @@
 #include <map>
 #include <string>
 
+#include "brindle/dxf/drawing_encoding.h"
+
 namespace brindle::cli {
 
 struct DrawingSurvey {
-  std::string version;           // $ACADVER; empty when the file has none
-  std::string code_page;         // $DWGCODEPAGE; empty when the file has none
-  bool byte_order_mark = false;  // of UTF-8
+  DrawingEncoding encoding;
   // Entities that the model has no kind for, by their word, in the sections BLOCKS and ENTITIES.
   std::map<std::string, int> skipped;
 };
@@ -18,6 +18,6 @@ struct DrawingSurvey {
 DrawingSurvey survey_drawing(const std::wstring& path);
 
 // How the reader decodes a file of this kind: "UTF-8 (byte-order mark)".
-std::wstring encoding_of(const DrawingSurvey& survey);
+std::wstring encoding_of(const DrawingEncoding& encoding);
 
 }  // namespace brindle::cli
