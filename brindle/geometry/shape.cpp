@@ -1,5 +1,6 @@
 #include "brindle/geometry/shape.h"
 
+#include "brindle/geometry/shape_internal.h"
 #include "brindle/platform/base/archive.h"
 
 namespace brindle {
@@ -7,9 +8,8 @@ namespace brindle {
 CFShape::CFShape(const CFPoint& p, const CFPoint& q) : CFShape(p, q, 0.0f) {}
 
 CFShape::CFShape(const CFPoint& p, const CFPoint& q, float c) : CFPoint(p.x, p.y, 0) {
-  const double dx = double{q.x} - p.x, dy = double{q.y} - p.y;
-  const double chord = std::sqrt(dx * dx + dy * dy);
-  const double direction = std::atan2(dy, dx);
+  const double chord = shapes::planar_distance(p, q);
+  const double direction = shapes::planar_direction(p, q);
   if (c == 0) {
     r = static_cast<float>(chord);
     a = static_cast<float>(direction);
@@ -70,9 +70,40 @@ CFPoint CFShape::GetMiddlePoint() const {
   return at(double{b} / 2 + a, r);
 }
 
-BOOL CFShape::AtLeft(const CFPoint& p) const {
-  const double dx = double{p.x} - x, dy = double{p.y} - y;
-  return dy * std::cos(double{a}) - dx * std::sin(double{a}) > 0;
+CFShape CFShape::VertMove(float dist) const {
+  constexpr double kRightAngle = 1.5707964;
+  CFShape moved(*this);
+  if (IsPoint()) return moved;
+  if (!IsLine()) {
+    moved.r += dist;
+  } else if (dist > 0) {
+    moved.x = static_cast<float>(x + dist * std::cos(a - kRightAngle));
+    moved.y = static_cast<float>(y + dist * std::sin(a - kRightAngle));
+  } else if (dist < 0) {
+    moved.x = static_cast<float>(x - dist * std::cos(a + kRightAngle));
+    moved.y = static_cast<float>(y - dist * std::sin(a + kRightAngle));
+  }
+  return moved;
+}
+
+CFShape& CFShape::Mirror(const CFPoint& p1, const CFPoint& p2) {
+  const double axis = shapes::planar_direction(p1, p2);
+  CFPoint::Mirror(p1, p2);
+  a = static_cast<float>(2 * axis - a);
+  b = -b;
+  return *this;
+}
+
+CFShape& CFShape::Rotate(const CFPoint& centre, float angle) {
+  CFPoint::Rotate(centre, angle);
+  a += angle;
+  return *this;
+}
+
+CFShape& CFShape::Stretch(const CFPoint& base, float factor) {
+  CFPoint::Stretch(base, factor);
+  r *= factor;
+  return *this;
 }
 
 void CFShape::Serialize(CArchive& archive) {
