@@ -71,7 +71,9 @@
 #include "brindle/geometry/predicates_region.h"
 #include "brindle/geometry/quad_tree.h"
 #include "brindle/geometry/rect.h"
+#include "brindle/geometry/region.h"
 #include "brindle/geometry/shape.h"
+#include "brindle/geometry/shoot.h"
 #include "brindle/geometry/vector3.h"
 #include "brindle/geometry/vectors.h"
 
