@@ -106,6 +106,7 @@ int form_zhigan_lamda(const double* p1, const double* p2, double angle, double* 
     y[1] = 1;
   }
   if (!form_vecter_lamda(x, y, lamda)) return 0;
+  lamda[5] = 0;  // exactly, not up to rounding
   const double s = std::sin(angle), c = std::cos(angle);
   for (int i = 3; i < 6; ++i) {
     const double turned = lamda[i] * c + lamda[i + 3] * s;

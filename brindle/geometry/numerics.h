@@ -18,8 +18,8 @@ void polint(const double* xa, const double* ya, int n, double x, double* y, doub
 
 // The integral of f from a to b by Romberg's method over the last five stages of trapzd. It stops
 // at an estimated error of 0.001 of the value, or when the value is smaller than 0.001: the
-// precision is 0.1 percent by choice. After 20 stages tells so (code 0) and returns the last value.
-// Not re-entrant, as trapzd.
+// precision is 0.1 percent by choice, somewhat less for a function with kinks. After 20 stages
+// tells so (code 0) and returns the last value. Not re-entrant, as trapzd.
 float integeration_romberg(float (*f)(float), float a, float b);
 
 // A root of f between a and b by halving, to the last digit. An end that is a root is returned. If
