@@ -65,9 +65,9 @@ void expect_bounded(const char* name, auto function) {
                               std::numeric_limits<Real>::quiet_NaN()};
   constexpr int kCounts[] = {-1, 0, 1, 2, 4};
   std::mt19937 random(11);
-  for (int i = 0; i < 3000; ++i) {
+  for (int i = 0; i < 2000; ++i) {
     // The first rounds stay with the finite values that coincide.
-    const std::size_t values = i < 1500 ? 8 : std::size(kValues);
+    const std::size_t values = i < 1000 ? 8 : std::size(kValues);
     const Call<Real> call = call_with<Real>(
         function, [&] { return kValues[random() % values]; },
         [&] { return kCounts[random() % std::size(kCounts)]; });
@@ -90,7 +90,7 @@ TEST(PredicateSweep, DegenerateInputComesBack) {
 // A call whose result is the same at half and at twice the tolerance is far from every border, and
 // the float twin must agree with the double one.
 void expect_agreement(const char* name, auto in_float, auto in_double) {
-  constexpr int kRounds = 1500;
+  constexpr int kRounds = 800;
   int compared = 0;
   for (unsigned seed = 0; seed < kRounds; ++seed) {
     // The same numbers for all calls. The last one asked for is the tolerance.
