@@ -26,5 +26,6 @@ const std::vector<const Command*>& all_commands();
 
 extern const Command kInfoCommand;
 extern const Command kConvertCommand;
+extern const Command kMeshCommand;
 
 }  // namespace brindle::cli

@@ -3,7 +3,8 @@
 namespace brindle::cli {
 
 const std::vector<const Command*>& all_commands() {
-  static const std::vector<const Command*> commands = {&kInfoCommand, &kConvertCommand};
+  static const std::vector<const Command*> commands = {&kInfoCommand, &kConvertCommand,
+                                                       &kMeshCommand};
   return commands;
 }
 

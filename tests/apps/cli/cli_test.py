@@ -6,6 +6,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
+import ezdxf
+
 PROGRAM = Path(os.environ["BRINDLE_BUILD_DIR"]) / "apps/cli/brindle"
 
 TABLES = """  0\nSECTION\n  2\nTABLES
@@ -58,9 +60,9 @@ class CommandLine(unittest.TestCase):
         for words in (["--help"], ["-h"], ["help"]):
             status, output, errors = self.run_program(*words)
             self.assertEqual((status, errors), (0, ""))
-            for command in "info", "convert":
+            for command in "info", "convert", "mesh":
                 self.assertIn(f"\n  {command} ", output)
-        for command in "info", "convert":
+        for command in "info", "convert", "mesh":
             for words in ([command, "--help"], [command, "a", "b", "c", "-h"]):
                 status, output, errors = self.run_program(*words)
                 self.assertEqual((status, errors), (0, ""))
@@ -210,6 +212,35 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(self.run_program("convert", "--to", "2000", "--", "--to", "-h")[0], 0)
         self.assertTrue((self.folder / "-h").exists())
         self.assertIn("LINE: 2", self.info("./-h"))
+
+    def test_mesh_draws_the_slab(self):
+        slab = Path(os.environ["BRINDLE_SOURCE_DIR"]) / "examples/data/slab.txt"
+        status, output, errors = self.run_program("mesh", str(slab), "slab.dxf")
+        self.assertEqual((status, errors), (0, ""))
+        triangles = int(output.split("triangles ")[1])
+        drawing = ezdxf.readfile(self.folder / "slab.dxf")
+        sides = [line for line in drawing.modelspace() if line.dxf.layer == "MESH"]
+        # Each inner side borders two triangles, each outer one borders one.
+        self.assertGreater(2 * len(sides), 3 * triangles)
+        self.assertLess(len(sides), 3 * triangles)
+        self.assertTrue(all(0 <= side.dxf.start.x <= 12 for side in sides))
+
+    def test_mesh_names_the_wrong_line(self):
+        cases = {
+            "POINTS 3\n1,0,0\n3,1,0\n": "line 3: the lines of a section are numbered",
+            "POINTS 3\n1,0,0\n2,nan,0\n": "line 3: this is no finite number",
+            "## c\nPOINTS 1\n1,0\n": "line 3: a number is missing",
+            "POINTS 3\n1,0,0\n": "the file ends inside a section",
+            "POINTS 3\n1,0,0\n2,1,0\n3,0,1\nEDGES 1\n1,1,4\n": "line 6: there is no such point",
+            "POINTS 2000000000\n": "line 1: the count must be",
+            "LINES 3\n": "line 1: here stands POINTS",
+            "": "at least 3 points",
+        }
+        for text, message in cases.items():
+            status, _, errors = self.run_program("mesh", self.write("points.txt", text), "x.dxf")
+            self.assertEqual(status, 1, text)
+            self.assertIn(message, errors)
+        self.assertFalse((self.folder / "x.dxf").exists())
 
 
 if __name__ == "__main__":
