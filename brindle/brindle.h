@@ -115,8 +115,13 @@
 #include "brindle/dxf/record_field.h"
 #include "brindle/dxf/text_escape.h"
 
+#include "brindle/mesh/domain_edge.h"
+#include "brindle/mesh/domain_location.h"
+#include "brindle/mesh/domain_polygon.h"
 #include "brindle/mesh/geo_edge.h"
+#include "brindle/mesh/geo_polygon.h"
 #include "brindle/mesh/geo_vertex.h"
+#include "brindle/mesh/triangulation.h"
 // umbrella: end
 
 namespace brindle {}
