@@ -7,42 +7,37 @@
 
 namespace brindle {
 
+// The formatter never comes to rest on these lists.
+// clang-format off
+
 // Those whose twin has the leading underscore.
-#define BRINDLE_TWINS(X)                                                                           \
-  X(GetDistance)                                                                                   \
-  X(GetDist) X(MovePoint0) X(RotatePoint0) X(GetAngle) X(Set2PI) X(TestAngleInArc) X(GetDet_Tri)   \
-      X(GetLineFunction) X(GetLenArc) X(Update_OutLook_Rect) X(GetMinDist_PointToLine) X(          \
-          GetMinDist_PointToLineSection) X(GetCuiZu_PointToLine) X(GetCuiZu_PointToLineSection)    \
-          X(GetCuiZu_PointToArc) X(TestPointIn_LineSection) X(TestPointIn_Circle)                  \
-              X(TestPointIn_Rect) X(TestPointIn_TuPolygon) X(TestPointIn_Polygon) X(               \
-                  TestPointIn_JvBuYuanHuan) X(TestPointIn_Arc) X(TestCrossRegon_Rect)              \
-                  X(TestCross_Circle_LineSection) X(TestCrossRegon_Circle_LineSection) X(          \
-                      TestCross_LineSection_Arc) X(TestCrossRegon_LineSection_LineSection)         \
-                      X(TestCrossRegon_LineSection_Arc) X(TestCrossRegon_Arc_Arc) X(               \
-                          TestCrossRegon_Circle_Circle) X(TestCrossRegon_LineSection_TuPolygon)    \
-                          X(TestCrossRegon_Circle_TuPolygon) X(TestCrossRegon_TuPolygon_TuPolygon) \
-                              X(TestCrossRegon_Arc_TuPolygon) X(TestCrossRegon_Circle_Arc)         \
-                                  X(TestCrossRegon_LineSection_JvBuYuanHuan)                       \
-                                      X(TestCrossRegon_Circle_JvBuYuanHuan)                        \
-                                          X(TestCrossRegon_Arc_JvBuYuanHuan)                       \
-                                              X(TestCrossRegon_TuPolygon_JvBuYuanHuan) X(          \
-                                                  GetInterPoint_Line_ByFunc) X(GetInterPoint_Line) \
-                                                  X(GetInterPoint_LineSection_LineSection)         \
-                                                      X(GetInterPoint_LineSection)                 \
-                                                          X(GetInterPoint_LineSection_Old) X(      \
-                                                              GetInterPoint_Circle_LineSection)    \
-                                                              X(GetInterPoint_LineSection_Arc)     \
-                                                                  X(GetInterPoint_Circle_Circle)   \
-                                                                      X(GetInterPoint_Circle_Arc)  \
-                                                                          X(GetInterPoint_Arc_Arc)
+#define BRINDLE_TWINS(X) \
+  X(GetDistance) X(GetDist) X(MovePoint0) X(RotatePoint0) X(GetAngle) X(Set2PI) \
+  X(TestAngleInArc) X(GetDet_Tri) X(GetLineFunction) X(GetLenArc) X(Update_OutLook_Rect) \
+  X(GetMinDist_PointToLine) X(GetMinDist_PointToLineSection) X(GetCuiZu_PointToLine) \
+  X(GetCuiZu_PointToLineSection) X(GetCuiZu_PointToArc) X(TestPointIn_LineSection) \
+  X(TestPointIn_Circle) X(TestPointIn_Rect) X(TestPointIn_TuPolygon) X(TestPointIn_Polygon) \
+  X(TestPointIn_JvBuYuanHuan) X(TestPointIn_Arc) X(TestCrossRegon_Rect) \
+  X(TestCross_Circle_LineSection) X(TestCrossRegon_Circle_LineSection) \
+  X(TestCross_LineSection_Arc) X(TestCrossRegon_LineSection_LineSection) \
+  X(TestCrossRegon_LineSection_Arc) X(TestCrossRegon_Arc_Arc) X(TestCrossRegon_Circle_Circle) \
+  X(TestCrossRegon_LineSection_TuPolygon) X(TestCrossRegon_Circle_TuPolygon) \
+  X(TestCrossRegon_TuPolygon_TuPolygon) X(TestCrossRegon_Arc_TuPolygon) \
+  X(TestCrossRegon_Circle_Arc) X(TestCrossRegon_LineSection_JvBuYuanHuan) \
+  X(TestCrossRegon_Circle_JvBuYuanHuan) X(TestCrossRegon_Arc_JvBuYuanHuan) \
+  X(TestCrossRegon_TuPolygon_JvBuYuanHuan) X(GetInterPoint_Line_ByFunc) X(GetInterPoint_Line) \
+  X(GetInterPoint_LineSection_LineSection) X(GetInterPoint_LineSection) \
+  X(GetInterPoint_LineSection_Old) X(GetInterPoint_Circle_LineSection) \
+  X(GetInterPoint_LineSection_Arc) X(GetInterPoint_Circle_Circle) X(GetInterPoint_Circle_Arc) \
+  X(GetInterPoint_Arc_Arc)
 
 // Those told apart by their arguments alone, and the pair of partial annuli, whose double one is
 // internal.
-#define BRINDLE_OVERLOADS(X)                                                              \
-  X(TestPoint_On_Line)                                                                    \
-  X(TestPoint_On_LineSection) X(GetInterPoint_Line_Circle) X(GetInterPoint_Ray_Cirlce)    \
-      X(GetInterPoint_Ray_Arc) X(GetInterPoint_Ray_Line) X(GetInterPoint_Ray_LineSection) \
-          X(GetInterPoint_Ray_Ray)
+#define BRINDLE_OVERLOADS(X) \
+  X(TestPoint_On_Line) X(TestPoint_On_LineSection) X(GetInterPoint_Line_Circle) \
+  X(GetInterPoint_Ray_Cirlce) X(GetInterPoint_Ray_Arc) X(GetInterPoint_Ray_Line) \
+  X(GetInterPoint_Ray_LineSection) X(GetInterPoint_Ray_Ray)
+// clang-format on
 
 template <class R>
 struct Overloads {
