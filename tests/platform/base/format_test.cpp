@@ -91,11 +91,6 @@ TEST(WFormat, RealsAsPrintf) {
   EXPECT_EQ(wformat(L"%.2000000000f", 1.0).size(), 65537u);
 }
 
-TEST(WFormat, PointersHaveTheirFullWidth) {
-  const std::wstring digits(sizeof(void*) * 2 - 2, L'0');
-  EXPECT_EQ(wformat(L"%p", reinterpret_cast<void*>(0xAB)), digits + L"AB");
-}
-
 TEST(WFormatDeathTest, MismatchNeverReadsWildly) {
   const auto wrong = [] { return wformat(L"%s %d %f %d %S|", 1, L"x", 2, 3.0, L"w"); };
   const auto missing = [] { return wformat(L"中%*d|%s"); };

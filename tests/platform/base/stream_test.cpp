@@ -1,46 +1,28 @@
 #include "brindle/platform/base/stream.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "brindle/platform/base/code_page.h"
 #include "brindle/platform/base/string.h"
+#include "tests/support/temporary_folder.h"
 
 namespace brindle {
 namespace {
 
 class Stream : public testing::Test {
  protected:
-  Stream() {
-    char name[] = "/tmp/brindle_stream_XXXXXX";
-    folder_ = mkdtemp(name);
-  }
-  ~Stream() override { EXPECT_EQ(std::system(("rm -r " + folder_).c_str()), 0); }
-
-  std::wstring path(const wchar_t* name) const { return from_path(folder_) + L"/" + name; }
+  std::wstring path(const wchar_t* name) const { return folder_.wide() + name; }
 
   std::FILE* open_with(const std::string& bytes) {
-    const std::wstring file = path(L"text");
-    std::FILE* stream = _wfopen(file.c_str(), L"wb");
-    std::fwrite(bytes.data(), 1, bytes.size(), stream);
-    std::fclose(stream);
-    return _wfopen(file.c_str(), L"rt");
-  }
-  std::string bytes_of(const wchar_t* name) const {
-    std::FILE* stream = _wfopen(path(name).c_str(), L"rb");
-    std::string bytes(1000, '\0');
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream));
-    std::fclose(stream);
-    return bytes;
+    put_bytes(folder_ / "text", bytes);
+    return _wfopen(path(L"text").c_str(), L"rt");
   }
 
-  std::string folder_;
+  TemporaryFolder folder_;
 };
 
 struct Piece {
@@ -133,23 +115,14 @@ TEST_F(Stream, PiecesOfALongLineMakeItUp) {
   std::fclose(stream);
 }
 
-TEST_F(Stream, ReadsFromAPipe) {
-  std::FILE* pipe = popen("printf 'ab\\270\\n\\270\\326\\r\\n'", "r");
-  wchar_t buffer[290];
-  EXPECT_STREQ(brindle::fgetws(buffer, 4, pipe), L"ab\uFFFD");
-  EXPECT_STREQ(brindle::fgetws(buffer, 4, pipe), L"\n");
-  EXPECT_STREQ(brindle::fgetws(buffer, 4, pipe), L"钢\n");
-  EXPECT_EQ(brindle::fgetws(buffer, 4, pipe), nullptr);
-  pclose(pipe);
-}
-
 TEST_F(Stream, WritesBytesOfThePageAndCrLf) {
   std::FILE* stream = _wfopen(path(L"out").c_str(), L"wt");
   EXPECT_EQ(brindle::fputws(L"钢\n\n", stream), 0);
   EXPECT_EQ(brindle::fwprintf(stream, L"  %d\n%s\n%.10f", 0, CString(L"ab\u0E01"), 0.1), 20);
   EXPECT_EQ(brindle::fputws(L"钢\n", stream, *CodePage::find(65001)), 0);
   std::fclose(stream);
-  EXPECT_EQ(bytes_of(L"out"), "\xb8\xd6\r\n\r\n  0\r\nab?\r\n0.1000000000\xe9\x92\xa2\r\n");
+  EXPECT_EQ(bytes_of(folder_ / "out"),
+            "\xb8\xd6\r\n\r\n  0\r\nab?\r\n0.1000000000\xe9\x92\xa2\r\n");
 
   std::FILE* full = _wfopen(L"/dev/full", L"wt");
   ASSERT_NE(full, nullptr);
@@ -168,7 +141,7 @@ TEST_F(Stream, OpensByMode) {
     EXPECT_EQ(std::fputs("x", stream) >= 0, true) << mode;
     EXPECT_EQ(std::fclose(stream), 0) << mode;
   }
-  EXPECT_EQ(bytes_of(L"钢筋.txt"), "xx") << "w+ and a+ came last";
+  EXPECT_EQ(bytes_of(folder_ / "钢筋.txt"), "xx") << "w+ and a+ came last";
   std::FILE* reader = _wfopen(file.c_str(), L"rt");
   EXPECT_EQ(std::fputs("y", reader), EOF) << "opened for reading only";
   std::fclose(reader);
@@ -177,22 +150,8 @@ TEST_F(Stream, OpensByMode) {
   }
   EXPECT_EQ(_wfopen(nullptr, L"rt"), nullptr);
   EXPECT_EQ(_wfopen(L"", L"rt"), nullptr);
-  EXPECT_EQ(_wfopen(from_path(folder_).c_str(), L"rt"), nullptr) << "a directory";
+  EXPECT_EQ(_wfopen(folder_.wide().c_str(), L"rt"), nullptr) << "a directory";
   EXPECT_EQ(errno, EISDIR);
-}
-
-TEST_F(Stream, RemovesRenamesAndLooks) {
-  std::fclose(_wfopen(path(L"a").c_str(), L"wt"));
-  std::fclose(_wfopen(path(L"b").c_str(), L"wt"));
-  EXPECT_TRUE(file_exists(path(L"a").c_str()));
-  EXPECT_FALSE(file_exists(from_path(folder_).c_str()));
-  EXPECT_EQ(_wrename(path(L"a").c_str(), path(L"b").c_str()), -1);
-  EXPECT_EQ(errno, EEXIST);
-  EXPECT_EQ(_wrename(path(L"a").c_str(), path(L"c").c_str()), 0);
-  EXPECT_FALSE(file_exists(path(L"a").c_str()));
-  EXPECT_EQ(_wremove(path(L"c").c_str()), 0);
-  EXPECT_EQ(_wremove(path(L"c").c_str()), -1);
-  EXPECT_EQ(_wremove(from_path(folder_).c_str()), -1) << "only files";
 }
 
 TEST(Paths, EveryFileNameSurvives) {
