@@ -1,13 +1,8 @@
-// Drawings as bytes for the tests: a folder for files, and the pieces that drawing files are made
-// of.
+// Drawings as bytes for the tests, and the pieces that drawing files are made of.
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <sys/resource.h>
 
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -15,62 +10,12 @@
 #include "brindle/dxf/dxf.h"
 #include "brindle/platform/base/stream.h"
 #include "tests/support/recorded_messages.h"
+#include "tests/support/temporary_folder.h"
 
 namespace brindle {
 
-// A folder that lives as long as the object.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "brindle-dxf-XXXXXX").string();
-    if (mkdtemp(name.data()) != nullptr) path_ = name;
-  }
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  std::string operator/(const std::string& name) const { return (path_ / name).string(); }
-  std::size_t file_count() const {
-    std::size_t count = 0;
-    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(path_)) ++count;
-    return count;
-  }
-
- private:
-  std::filesystem::path path_;
-};
-
-// Lowers a limit of the process for the life of the object.
-class ResourceLimit {
- public:
-  ResourceLimit(int resource, rlim_t limit) : resource_(resource) {
-    getrlimit(static_cast<__rlimit_resource>(resource_), &before_);
-    rlimit lowered = before_;
-    lowered.rlim_cur = limit;
-    setrlimit(static_cast<__rlimit_resource>(resource_), &lowered);
-  }
-  ~ResourceLimit() { setrlimit(static_cast<__rlimit_resource>(resource_), &before_); }
-  ResourceLimit(const ResourceLimit&) = delete;
-  ResourceLimit& operator=(const ResourceLimit&) = delete;
-
- private:
-  int resource_;
-  rlimit before_{};
-};
-
 inline std::wstring wide(const std::string& path) {
   return from_path(path);
-}
-
-inline std::string bytes_of(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-inline void put_bytes(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
 }
 
 // The text of a file with its line ends as "\n"; a line end other than CR LF shows as "<LF>".
@@ -100,6 +45,13 @@ inline std::string with_cr(const std::string& text) {
   std::string bytes;
   for (char c : text) bytes += c == '\n' ? std::string("\r\n") : std::string(1, c);
   return bytes;
+}
+
+// Saves in one of the two dialects; the same drawing gets the same handles, and so the same bytes.
+inline int save(DXF& dxf, bool ac1015, const std::string& path) {
+  std::srand(1);
+  return ac1015 ? dxf.Write_MemDxf_To_File2000(wide(path).c_str())
+                : dxf.Write_MemDxf_To_File(wide(path).c_str(), 1);
 }
 
 // The entities of a list, in order, as one kind.
@@ -140,6 +92,18 @@ inline std::string text_entity(const std::string& words) {
 inline const std::string kLine = line_entity("0", "1");
 inline const std::string kEnd = "  0\nENDSEC\n";
 
+// "301 Layer Name Error !" for each message.
+inline std::vector<std::wstring> lines_of(const RecordedMessages& user) {
+  std::vector<std::wstring> lines;
+  for (const auto& m : user.messages) lines.push_back(std::to_wstring(m.code) + L" " + m.text);
+  return lines;
+}
+inline std::vector<std::wstring> take(RecordedMessages& user) {
+  std::vector<std::wstring> lines = lines_of(user);
+  user.messages.clear();
+  return lines;
+}
+
 // A drawing read from bytes: the result of the reader and what it told.
 struct ReadDrawing {
   explicit ReadDrawing(const std::string& bytes) {
@@ -158,14 +122,7 @@ struct ReadDrawing {
     for (const auto* text : entities<Varnholt::ACAD_TEXT>()) words.emplace_back(text->m_szText);
     return words;
   }
-  // "301 Layer Name Error !" for each message.
-  std::vector<std::wstring> told() const {
-    std::vector<std::wstring> lines;
-    for (const RecordedMessage& message : messages.messages) {
-      lines.push_back(std::to_wstring(message.code) + L" " + message.text);
-    }
-    return lines;
-  }
+  std::vector<std::wstring> told() const { return lines_of(messages); }
 
   RecordedMessages messages;
   DXF dxf;

@@ -14,26 +14,6 @@ using namespace Varnholt;
 
 constexpr double kPi = 3.14159265358979323846;
 
-TEST(Entities, IniResetsEveryField) {
-  ACAD_TEXT text;
-  text.m_bHasWidth = text.m_bOpaque = text.m_bItalic = text.m_nID = text.m_bSelected = 1;
-  text.m_nXData1 = text.m_nXData2 = text.m_nXData3 = 9;
-  text.m_szText = L"t";
-  text.Ini();
-  EXPECT_EQ(text.m_bHasWidth | text.m_bOpaque | text.m_bItalic | text.m_nID | text.m_bSelected, 0);
-  EXPECT_EQ(text.m_nXData1 | text.m_nXData2 | text.m_nXData3, 0u);
-  EXPECT_TRUE(text.m_szText.empty());
-  EXPECT_EQ(text.m_dHeight, 0.20000000298023224);
-  EXPECT_EQ(text.m_dWidthFactor, 0.75);
-  EXPECT_EQ(text.m_nColor, -1);
-  EXPECT_GE(text.m_nHandle, 5000u);
-  EXPECT_LE(text.m_nHandle, 5000u + 32767);
-  ACAD_ENTITY base;
-  EXPECT_EQ(base.GetType(), 13);
-  EXPECT_EQ(base.Transfer(static_cast<double*>(nullptr), nullptr, nullptr), 0);
-  EXPECT_EQ(base.Write(nullptr) + base.Write2000(nullptr), 2);
-}
-
 void expect_box(const CFRect& box, double left, double bottom, double right, double top) {
   EXPECT_NEAR(box.left, left, 1e-4);
   EXPECT_NEAR(box.bottom, bottom, 1e-4);
@@ -43,51 +23,34 @@ void expect_box(const CFRect& box, double left, double bottom, double right, dou
 
 TEST(Entities, Boxes) {
   ACAD_POINT point;
-  point.x = 100;
-  point.y = -50;
+  point.x = 100, point.y = -50;
   expect_box(point.GetFRect(), 90, -60, 110, -40);  // 10 units, whatever the drawing's size
   ACAD_LINE line;
   line.x1 = 5, line.y1 = -3, line.x2 = -2, line.y2 = 8;
   expect_box(line.GetFRect(), -2, -3, 5, 8);
   ACAD_CIRCLE circle;
-  circle.x = 7, circle.y = 8, circle.m_dRadius = 3;
+  circle.x = 7, circle.y = 8, circle.m_dRadius = -3;
   expect_box(circle.GetFRect(), 4, 5, 10, 11);
-  circle.m_dRadius = -3;
-  expect_box(circle.GetFRect(), 4, 5, 10, 11);
-}
-
-TEST(Entities, ArcBoxes) {
-  const double h = std::sqrt(0.5) * 10;
-  const struct {
-    double start, end, left, bottom, right, top;
-  } cases[] = {
-      {0, 90, 0, 0, 10, 10},
-      {10, 80, 10 * std::cos(80 * kPi / 180), 10 * std::sin(10 * kPi / 180),
-       10 * std::cos(10 * kPi / 180), 10 * std::sin(80 * kPi / 180)},
-      {45, 135, -h, h, h, 10},
-      {135, 225, -10, -h, -h, h},
-      {225, 315, -h, -10, h, -h},
-      {315, 45, h, -h, 10, h},
-      {-45, 45, h, -h, 10, h},
-      {45, 315, -10, -10, h, 10},
-      {45, 44.999, -10, -10, 10, 10},
-      {0, 360, -10, -10, 10, 10},
-      {405, 495, -h, h, h, 10},
-      {30, 30, 8.660254, 5, 8.660254, 5},
-      {90, 90, 0, 10, 0, 10},
-      {350, 10, 9.848078, -1.736482, 10, 1.736482},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.start << " to " << c.end);
+  for (double wild : {double{NAN}, double{INFINITY}, 1e300, -1e300, 1e17}) {
     ACAD_ARC arc;
-    arc.x = 100, arc.y = 200, arc.m_dRadius = 10;
-    arc.m_dStartAngle = c.start, arc.m_dEndAngle = c.end;
-    expect_box(arc.GetFRect(), 100 + c.left, 200 + c.bottom, 100 + c.right, 200 + c.top);
+    arc.m_dStartAngle = arc.x = wild;
+    arc.GetFRect();  // ends
+    arc.GetFRect3D(wild, 1);
+    std::swap(arc.m_dStartAngle, arc.m_dEndAngle);
+    arc.GetFRect();
   }
 }
 
-// Against a dense walk along the sweep.
+// Against a dense walk along the sweep; an arc without a sweep is its point.
 TEST(Entities, ArcBoxesHoldTheWalkedArc) {
+  for (double angle : {30.0, 90.0}) {
+    ACAD_ARC none;
+    none.m_dRadius = 5;
+    none.m_dStartAngle = none.m_dEndAngle = angle;
+    const double at = angle * kPi / 180;
+    expect_box(none.GetFRect(), 5 * std::cos(at), 5 * std::sin(at), 5 * std::cos(at),
+               5 * std::sin(at));
+  }
   for (int start = -400; start <= 400; start += 35) {
     for (int sweep = 1; sweep < 360; sweep += 17) {
       ACAD_ARC arc;
@@ -103,18 +66,6 @@ TEST(Entities, ArcBoxesHoldTheWalkedArc) {
       SCOPED_TRACE(testing::Message() << start << " + " << sweep);
       expect_box(arc.GetFRect(), left, bottom, right, top);
     }
-  }
-}
-
-TEST(Entities, BoxesOfWildNumbersEnd) {
-  for (double wild : {double{NAN}, double{INFINITY}, 1e300, -1e300, 1e17}) {
-    ACAD_ARC arc;
-    arc.m_dStartAngle = wild;
-    arc.GetFRect();
-    std::swap(arc.m_dStartAngle, arc.m_dEndAngle);
-    arc.GetFRect();
-    arc.m_dStartAngle = arc.x = wild;
-    arc.GetFRect3D(wild, 1);
   }
 }
 
@@ -140,9 +91,8 @@ TEST(Entities, TextBoxesAndAlignment) {
   const struct {
     int v, h;
     float dx, dy;
-  } cases[] = {{0, 0, 0, 0},     {0, 1, -20, 0},   {0, 2, -40, 0},  {0, 5, -40, 0},  {1, 0, 0, 0},
-               {1, 1, -20, 0},   {2, 0, 0, -5},    {2, 1, -20, -5}, {2, 2, -40, -5}, {3, 0, 0, -10},
-               {3, 1, -20, -10}, {3, 4, -40, -10}, {7, 2, -40, -10}};
+  } cases[] = {{0, 0, 0, 0},  {0, 2, -40, 0},   {0, 5, -40, 0},  {1, 1, -20, 0},
+               {2, 0, 0, -5}, {3, 4, -40, -10}, {7, 2, -40, -10}};
   for (const auto& c : cases) {
     text->m_nVAlign = c.v;
     text->m_nHAlign = c.h;
@@ -183,15 +133,6 @@ TYPED_TEST(Transforms, TurnThenScaleThenShift) {
   EXPECT_NEAR(line.z1, 300 + 20, 1e-5);
   EXPECT_NEAR(line.x2, 100 - 2, 1e-5);
   EXPECT_EQ(line.m_dLtScale, 3);  // sizes go by scale[0]
-  ACAD_POINT point;
-  point.x = 1;
-  EXPECT_EQ(point.Transfer(rot.data(), static_cast<TypeParam*>(nullptr), nullptr), 1);
-  EXPECT_NEAR(point.y, 1, 1e-6);
-  ACAD_CIRCLE circle;
-  circle.Transfer(nullptr, move, scale);
-  EXPECT_EQ(circle.m_dRadius, 2);
-  EXPECT_EQ(circle.m_dLtScale, 1);
-  EXPECT_EQ(circle.z, 300);
   ACAD_TEXT text;
   text.m_dHeight = 3, text.x2 = 1, text.m_dWidthFactor = 0.7;
   text.Transfer(nullptr, move, scale);
@@ -206,9 +147,8 @@ TYPED_TEST(Transforms, TurnThenScaleThenShift) {
 TYPED_TEST(Transforms, AnglesTurnAndFold) {
   const struct {
     double turn, before, after;
-  } cases[] = {{30, 0, 30},    {30, 340, 10}, {-30, 10, 340}, {180, 180, 360},
-               {90, 270, 360}, {90, 271, 1},  {-90, 0, 270},  {350, 5, 355},
-               {45, -10, 35},  {0, 400, 40},  {0, -10, 350},  {359, 359, 358}};
+  } cases[] = {{30, 340, 10}, {-30, 10, 340}, {180, 180, 360}, {90, 271, 1},
+               {45, -10, 35}, {0, 400, 40},   {0, -10, 350}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.before << " by " << c.turn);
     std::vector<TypeParam> rot = turn<TypeParam>(c.turn);
@@ -222,37 +162,24 @@ TYPED_TEST(Transforms, AnglesTurnAndFold) {
     text.Transfer(rot.data(), static_cast<TypeParam*>(nullptr), nullptr);
     EXPECT_EQ(text.m_dAngle, arc.m_dStartAngle);
   }
-}
-
-TYPED_TEST(Transforms, MirrorLeavesAngles) {
   TypeParam mirror[] = {1, 0, 0, 0, -1, 0, 0, 0, -1};
   ACAD_ARC arc;
   arc.y = 5, arc.m_dStartAngle = 10, arc.m_dEndAngle = 400;
   arc.Transfer(mirror, static_cast<TypeParam*>(nullptr), nullptr);
   EXPECT_EQ(arc.y, -5);
-  EXPECT_EQ(arc.m_dStartAngle, 10);
+  EXPECT_EQ(arc.m_dStartAngle, 10);  // a mirror leaves angles
   EXPECT_EQ(arc.m_dEndAngle, 400);
-  ACAD_TEXT text;
-  text.m_dAngle = -30;
-  text.Transfer(mirror, static_cast<TypeParam*>(nullptr), nullptr);
-  EXPECT_EQ(text.m_dAngle, -30);
 }
 
 TEST(ExtendedRecord, PacksFields) {
   ACAD_POINT point;
-  point.SetXData1(0x80000001u);
   point.SetXData2(1, 1, 1);
   point.SetXData3(1, 1, 1, 1);
   EXPECT_EQ(point.m_nXData2, 1u << 26 | 1u << 19 | 1u << 9);
   EXPECT_EQ(point.m_nXData3, 1u << 25 | 1u << 21 | 1u << 6 | 1u);
-  point.SetXData2(63, 127, 1023);
-  point.SetXData3(127, 15, 32767, 63);
-  EXPECT_EQ(point.m_nXData2, 0xfffffe00u);
-  EXPECT_EQ(point.m_nXData3, 0xffffffffu);
   // Excess high bits are dropped, and reach no neighbour.
   point.SetXData2(64 + 5, 128 + 6, 1024 + 7);
   point.SetXData3(128 + 1, 16 + 2, 32768 + 3, 64 + 4);
-  EXPECT_EQ(point.GetGJIndex(), 0x80000001u);
   EXPECT_EQ(point.GetGJType(), 5u);
   EXPECT_EQ(point.GetXTType(), 6u);
   EXPECT_EQ(point.GetXTIndex(), 7u);
@@ -267,7 +194,6 @@ TEST(ExtendedRecord, GoesThroughAFile) {
     std::uint32_t written[3], read[3];
   } cases[] = {{{1, 2, 3}, {1, 2, 3}},
                {{0xffffffffu, 0x80000000u, 0x7fffffffu}, {0xffffffffu, 0x80000000u, 0x7fffffffu}},
-               {{5, 6, 0}, {5, 6, 0}},
                {{5, 0, 7}, {5, 7, 0}},   // words of 0 leave no trace
                {{0, 6, 7}, {0, 0, 0}}};  // without a component no record
   for (const auto& c : cases) {
@@ -293,41 +219,6 @@ TEST(ExtendedRecord, GoesThroughAFile) {
   }
 }
 
-TEST(ExtendedRecord, ByItsOwnOperations) {
-  std::FILE* stream = std::tmpfile();
-  ACAD_LINE line;
-  EXPECT_EQ(line.WriteExtData(stream), 1);
-  EXPECT_EQ(std::ftell(stream), 0);
-  line.SetXData1(7);
-  line.m_nXData3 = 9;
-  EXPECT_EQ(line.WriteExtData(stream), 1);
-  std::rewind(stream);
-  std::string written(200, '\0');
-  written.resize(std::fread(written.data(), 1, 200, stream));
-  EXPECT_EQ(written, with_cr("1001\nQXACAD\n1000\nQXEX\n1002\n{\n1071\n7\n1071\n9\n1002\n}\n"));
-  std::rewind(stream);
-  ACAD_LINE read;
-  EXPECT_EQ(read.ReadExtData(L"1001\n", L"QXACAD\n", stream), 1);
-  EXPECT_EQ(std::ftell(stream), 0);  // not its pair: untouched
-  std::fseek(stream, static_cast<long>(with_cr("1001\nQXACAD\n1000\nQXEX\n").size()), SEEK_SET);
-  EXPECT_EQ(read.ReadExtData(L"1000\n", L"QXEX\n", stream), 1);
-  EXPECT_EQ(read.m_nXData1, 7u);
-  EXPECT_EQ(read.m_nXData2, 9u);
-  EXPECT_EQ(std::ftell(stream), static_cast<long>(written.size()));
-  std::fclose(stream);
-}
-
-TEST(Entities, ReadRefusesAnotherWord) {
-  for (const char* start : {"  0\nCIRCLE\n", " 0\nLINE\n", "  0\nLINE", "  8\nLINE\n", ""}) {
-    std::FILE* stream = std::tmpfile();
-    std::fputs(start, stream);
-    std::rewind(stream);
-    ACAD_LINE line;
-    EXPECT_EQ(line.Read(stream), 0) << start;
-    std::fclose(stream);
-  }
-}
-
 TEST(Entities, SteelGradesAreEscaped) {
   const struct {
     std::wstring file, memory;
@@ -335,17 +226,10 @@ TEST(Entities, SteelGradesAreEscaped) {
       {L"%%130", L"\x82"},
       {L"%%143", L"\x8f"},
       {L"%%129", L"%%129"},
-      {L"%%144", L"%%144"},
       {L"2%%132 20", L"2\x84 20"},
       {L"%%131%%132x", L"\x83\x84x"},
       {L"%%13", L"%%13"},
-      {L"%%13x5", L"%%13x5"},
       {L"%%%130", L"%\x82"},
-      {L"%%%%131", L"%%\x83"},
-      {L"ab%%131", L"ab\x83"},
-      {L"%%c%%130 1", L"%%c\x82 1"},
-      {L"", L""},
-      {L"%%１３１", L"%%１３１"},
   };
   for (const auto& c : cases) {
     std::wstring plain, back;
@@ -382,45 +266,6 @@ TEST(Entities, Colours) {
   line->m_szLayer = L"wild";
   for (int index : {INT_MAX, 257, 256, -1}) EXPECT_EQ(line->GetColorNew(index), 0xffffffu);
   line->GetColorNew(INT_MIN);
-  EXPECT_EQ(line->GetPenStyle(), 0);
-  line->m_bSelected = 1;
-  EXPECT_EQ(line->GetPenStyle(), 2);
-}
-
-TEST(Entities, DashesInPixels) {
-  DXF dxf;
-  dxf.New_MemDxf();
-  dxf.m_dLtScale = 2;
-  const float dashes[] = {3.0f, -1.5f, 0};
-  ACAD_LTYPE* ltype = dxf.Add_LType(L"D", L"", 3, 1, dashes, 1);
-  ACAD_LINE* line = dxf.Write_Line(0, 0, 0, 1, 1, 1, 1, L"0", L"1", L"D");
-  CFCoor coor;
-  const double unit = coor.FPtoDP(1.0);
-  int n = -1;
-  int* pixels = line->LineType_FP2DP(ltype, &coor, 10, n);
-  ASSERT_EQ(n, 3);
-  EXPECT_EQ(pixels[0], static_cast<int>(60 * unit));
-  EXPECT_EQ(pixels[1], static_cast<int>(-30 * unit));
-  EXPECT_EQ(pixels[2], 0);
-  delete[] pixels;
-  EXPECT_EQ(line->LineType_FP2DP(&dxf.m_pLType[0], &coor, 1, n), nullptr);
-  EXPECT_EQ(n, 0);
-}
-
-TEST(Entities, BlocksCopyDeeply) {
-  ACAD_BLOCK block;
-  block.m_szName = L"B";
-  block.m_Entities.AddTail(new ACAD_LINE);
-  ACAD_BLOCK copy(block);
-  EXPECT_NE(all_of(copy.m_Entities)[0], all_of(block.m_Entities)[0]);
-  copy.m_Entities.AddTail(new ACAD_CIRCLE);
-  block = copy;
-  EXPECT_EQ(block.m_Entities.GetCount(), 2);
-  block = *&block;
-  EXPECT_EQ(block.m_Entities.GetCount(), 2);
-  copy.Ini();
-  EXPECT_TRUE(copy.m_Entities.IsEmpty() && copy.m_szName.empty());
-  EXPECT_EQ(all_of<ACAD_CIRCLE>(block.m_Entities).size(), 1u);
 }
 
 }  // namespace

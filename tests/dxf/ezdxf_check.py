@@ -153,7 +153,7 @@ class SampleDrawings(unittest.TestCase):
     def test_dimension_styles(self, name, drawing, listing):
         for listed in listing["dimstyles"]:
             style = drawing.dimstyles.get(listed["name"])
-            for variable in ("dimscale", "dimasz", "dimexo", "dimtxt", "dimclrt", "dimtad"):
+            for variable in ("dimscale", "dimasz", "dimtxt", "dimclrt", "dimtad"):
                 self.assert_close(style.dxf.get(variable), listed[variable], variable)
             if name.endswith("2000"):
                 self.assertEqual(style.dxf.dimtxsty, listed["text style"])

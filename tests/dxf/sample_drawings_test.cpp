@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <functional>
 
 #include "brindle/platform/base/code_page.h"
 #include "tests/dxf/drawing_file.h"
@@ -33,54 +32,64 @@ std::string json(const std::vector<std::string>& items) {
   return text + "]";
 }
 
-// {"name": value, ...}; values that aren't text are numbers.
-class Listing {
- public:
-  Listing& add(const char* name, const wchar_t* text) {
-    return put(name, json(std::wstring_view(text)));
-  }
-  Listing& add(const char* name, double value) { return put(name, json(value)); }
-  Listing& put(const char* name, const std::string& value) {
-    text_ += (text_.empty() ? "{\"" : ", \"") + std::string(name) + "\": " + value;
-    return *this;
-  }
-  std::string end() const { return text_ + "}"; }
-
- private:
-  std::string text_;
-};
-
 std::string point(double x, double y, double z) {
   return json({json(x), json(y), json(z)});
 }
+// {"name": value, ...}
+std::string object(const std::vector<std::pair<std::string, std::string>>& members) {
+  std::string text;
+  for (const auto& [name, value] : members) {
+    text += (text.empty() ? "{\"" : ", \"") + name + "\": " + value;
+  }
+  return text + "}";
+}
+// [...] of what `list` gives for each.
+template <class Record, class List>
+std::string array(const Record* records, int count, List list) {
+  std::vector<std::string> items;
+  for (int i = 0; i < count; ++i) items.push_back(list(records[i]));
+  return json(items);
+}
 
 std::string entity_listing(ACAD_ENTITY& entity) {
-  Listing listing;
-  listing.add("layer", entity.m_szLayer).add("linetype", entity.m_szLType);
-  listing.add("color", entity.m_nColor);
-  listing.put("record", json({json(static_cast<int>(entity.m_nXData1)),
-                              json(static_cast<int>(entity.m_nXData2)),
-                              json(static_cast<int>(entity.m_nXData3))}));
+  std::vector<std::pair<std::string, std::string>> members = {
+      {"layer", json(entity.m_szLayer.view())},
+      {"linetype", json(entity.m_szLType.view())},
+      {"color", json(entity.m_nColor)},
+      {"record", point(static_cast<int>(entity.m_nXData1), static_cast<int>(entity.m_nXData2),
+                       static_cast<int>(entity.m_nXData3))}};
+  const auto add = [&](const char* kind, decltype(members) more) {
+    members.emplace_back("kind", '"' + std::string(kind) + '"');
+    members.insert(members.end(), more.begin(), more.end());
+  };
   if (auto* p = dynamic_cast<ACAD_POINT*>(&entity)) {
-    listing.add("kind", L"POINT").put("location", point(p->x, p->y, p->z));
-  } else if (auto* line = dynamic_cast<ACAD_LINE*>(&entity)) {
-    listing.add("kind", L"LINE").put("start", point(line->x1, line->y1, line->z1));
-    listing.put("end", point(line->x2, line->y2, line->z2)).add("ltscale", line->m_dLtScale);
-  } else if (auto* circle = dynamic_cast<ACAD_CIRCLE*>(&entity)) {
-    listing.add("kind", L"CIRCLE").put("center", point(circle->x, circle->y, circle->z));
-    listing.add("radius", circle->m_dRadius).add("ltscale", circle->m_dLtScale);
-  } else if (auto* arc = dynamic_cast<ACAD_ARC*>(&entity)) {
-    listing.add("kind", L"ARC").put("center", point(arc->x, arc->y, arc->z));
-    listing.add("radius", arc->m_dRadius).add("ltscale", arc->m_dLtScale);
-    listing.add("start_angle", arc->m_dStartAngle).add("end_angle", arc->m_dEndAngle);
-  } else if (auto* text = dynamic_cast<ACAD_TEXT*>(&entity)) {
-    listing.add("kind", L"TEXT").put("insert", point(text->x, text->y, text->z));
-    listing.add("height", text->m_dHeight).add("width", text->m_dWidthFactor);
-    listing.add("rotation", text->m_dAngle).add("style", text->m_szStyle);
-    listing.add("halign", text->m_nHAlign).add("valign", text->m_nVAlign);
-    listing.put("align_point", point(text->x2, text->y2, text->z2)).add("text", text->m_szText);
+    add("POINT", {{"location", point(p->x, p->y, p->z)}});
+  } else if (auto* l = dynamic_cast<ACAD_LINE*>(&entity)) {
+    add("LINE", {{"start", point(l->x1, l->y1, l->z1)},
+                 {"end", point(l->x2, l->y2, l->z2)},
+                 {"ltscale", json(l->m_dLtScale)}});
+  } else if (auto* c = dynamic_cast<ACAD_CIRCLE*>(&entity)) {
+    add("CIRCLE", {{"center", point(c->x, c->y, c->z)},
+                   {"radius", json(c->m_dRadius)},
+                   {"ltscale", json(c->m_dLtScale)}});
+  } else if (auto* a = dynamic_cast<ACAD_ARC*>(&entity)) {
+    add("ARC", {{"center", point(a->x, a->y, a->z)},
+                {"radius", json(a->m_dRadius)},
+                {"ltscale", json(a->m_dLtScale)},
+                {"start_angle", json(a->m_dStartAngle)},
+                {"end_angle", json(a->m_dEndAngle)}});
+  } else if (auto* t = dynamic_cast<ACAD_TEXT*>(&entity)) {
+    add("TEXT", {{"insert", point(t->x, t->y, t->z)},
+                 {"height", json(t->m_dHeight)},
+                 {"width", json(t->m_dWidthFactor)},
+                 {"rotation", json(t->m_dAngle)},
+                 {"style", json(t->m_szStyle.view())},
+                 {"halign", json(t->m_nHAlign)},
+                 {"valign", json(t->m_nVAlign)},
+                 {"align_point", point(t->x2, t->y2, t->z2)},
+                 {"text", json(t->m_szText.view())}});
   }
-  return listing.end();
+  return object(members);
 }
 
 std::string entities_listing(const CPtrList& list) {
@@ -90,66 +99,47 @@ std::string entities_listing(const CPtrList& list) {
 }
 
 std::string drawing_listing(const DXF& dxf) {
-  std::vector<std::string> ltypes, layers, styles, dimstyles, blocks;
-  for (int i = 0; i < dxf.m_nNumLType; ++i) {
-    const ACAD_LTYPE& ltype = dxf.m_pLType[i];
-    std::vector<std::string> dashes;
-    for (int k = 0; k < ltype.m_nDashCount; ++k) dashes.push_back(json(ltype.m_dDash[k]));
-    ltypes.push_back(Listing()
-                         .add("name", ltype.m_szName)
-                         .add("description", ltype.m_szDesc)
-                         .add("length", ltype.m_dPatternLength)
-                         .put("dashes", json(dashes))
-                         .end());
-  }
-  for (int i = 0; i < dxf.m_nNumLayer; ++i) {
-    const ACAD_LAYER& layer = dxf.m_pLayer[i];
-    layers.push_back(Listing()
-                         .add("name", layer.m_szName)
-                         .add("color", layer.m_nColor)
-                         .add("linetype", layer.m_szLType)
-                         .end());
-  }
-  for (int i = 0; i < dxf.m_nNumStyle; ++i) {
-    const ACAD_STYLE& style = dxf.m_pStyle[i];
-    styles.push_back(Listing()
-                         .add("name", style.m_szName)
-                         .add("font", style.m_szFont)
-                         .add("bigfont", style.m_szBigFont)
-                         .add("height", style.m_dHeight)
-                         .add("width", style.m_dWidth)
-                         .end());
-  }
-  for (int i = 0; i < dxf.m_nNumDimStyle; ++i) {
-    const ACAD_DIMSTYLE& style = dxf.m_pDimStyle[i];
-    dimstyles.push_back(Listing()
-                            .add("name", style.m_szName)
-                            .add("text style", style.m_szTxtStyle)
-                            .add("dimscale", style.DIMSCALE)
-                            .add("dimasz", style.DIMASZ)
-                            .add("dimexo", style.DIMEXO)
-                            .add("dimtxt", style.DIMTXT)
-                            .add("dimclrt", style.DIMCLRT)
-                            .add("dimtad", style.DIMTAD)
-                            .end());
-  }
+  std::vector<std::string> blocks;
   for (POSITION at = dxf.m_Blocks.GetHeadPosition(); at != nullptr;) {
     const auto* block = static_cast<const ACAD_BLOCK*>(dxf.m_Blocks.GetNext(at));
-    blocks.push_back(Listing()
-                         .add("name", block->m_szName)
-                         .put("base_point", point(block->x, block->y, block->z))
-                         .put("entities", entities_listing(block->m_Entities))
-                         .end());
+    blocks.push_back(object({{"name", json(block->m_szName.view())},
+                             {"base_point", point(block->x, block->y, block->z)},
+                             {"entities", entities_listing(block->m_Entities)}}));
   }
-  return Listing()
-             .add("ltscale", dxf.m_dLtScale)
-             .put("linetypes", json(ltypes))
-             .put("layers", json(layers))
-             .put("styles", json(styles))
-             .put("dimstyles", json(dimstyles))
-             .put("blocks", json(blocks))
-             .put("entities", entities_listing(dxf.m_Entities))
-             .end() +
+  const auto ltype = [](const ACAD_LTYPE& r) {
+    return object({{"name", json(r.m_szName.view())},
+                   {"description", json(r.m_szDesc.view())},
+                   {"length", json(r.m_dPatternLength)},
+                   {"dashes", array(r.m_dDash, r.m_nDashCount, [](double d) { return json(d); })}});
+  };
+  const auto layer = [](const ACAD_LAYER& r) {
+    return object({{"name", json(r.m_szName.view())},
+                   {"color", json(r.m_nColor)},
+                   {"linetype", json(r.m_szLType.view())}});
+  };
+  const auto style = [](const ACAD_STYLE& r) {
+    return object({{"name", json(r.m_szName.view())},
+                   {"font", json(r.m_szFont.view())},
+                   {"bigfont", json(r.m_szBigFont.view())},
+                   {"height", json(r.m_dHeight)},
+                   {"width", json(r.m_dWidth)}});
+  };
+  const auto dimstyle = [](const ACAD_DIMSTYLE& r) {
+    return object({{"name", json(r.m_szName.view())},
+                   {"text style", json(r.m_szTxtStyle.view())},
+                   {"dimscale", json(r.DIMSCALE)},
+                   {"dimasz", json(r.DIMASZ)},
+                   {"dimtxt", json(r.DIMTXT)},
+                   {"dimclrt", json(r.DIMCLRT)},
+                   {"dimtad", json(r.DIMTAD)}});
+  };
+  return object({{"ltscale", json(dxf.m_dLtScale)},
+                 {"linetypes", array(dxf.m_pLType, dxf.m_nNumLType, ltype)},
+                 {"layers", array(dxf.m_pLayer, dxf.m_nNumLayer, layer)},
+                 {"styles", array(dxf.m_pStyle, dxf.m_nNumStyle, style)},
+                 {"dimstyles", array(dxf.m_pDimStyle, dxf.m_nNumDimStyle, dimstyle)},
+                 {"blocks", json(blocks)},
+                 {"entities", entities_listing(dxf.m_Entities)}}) +
          "\n";
 }
 
