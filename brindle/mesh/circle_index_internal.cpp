@@ -31,7 +31,7 @@ std::uint32_t clamp_cell(double place, double last) {
 
 CircleIndex::CircleIndex(double min_x, double min_y, double max_x, double max_y,
                          std::size_t expected)
-    : min_x_(min_x), min_y_(min_y), max_x_(max_x), max_y_(max_y) {
+    : min_x_(min_x), min_y_(min_y), max_x_(max_x), max_y_(max_y), expected_(expected) {
   const double width = max_x - min_x, height = max_y - min_y;
   size_ = std::max(width, height);
   if (!(size_ > 1e-300 && size_ < 1e300)) size_ = 1;
@@ -98,7 +98,9 @@ void CircleIndex::grow_table() {
 CircleIndex::Place CircleIndex::cell_for(double x, double y, double extent) {
   // Cells stay a hundredth larger than what they hold, far beyond the rounding of places.
   const double fit = size_ / (extent * 1.01 + size_ * 0x1p-40);
-  const int finest = fit >= 1 ? std::min(std::ilogb(fit), kMaxLevels - 1) : 0;
+  // The exponent of a number from 1 to 2^40.
+  const int exponent = static_cast<int>(std::bit_cast<std::uint64_t>(fit) >> 52) - 1023;
+  const int finest = fit >= 1 ? std::min(exponent, kMaxLevels - 1) : 0;
   const int dense = std::min(finest, dense_levels_ - 1);
   const Level& level = levels_[static_cast<std::size_t>(dense)];
   const std::uint32_t cell =
@@ -183,41 +185,6 @@ std::uint32_t CircleIndex::remove(Place place) {
   Entry& gap = entries_[cell.first + place.slot];
   gap = entries_[cell.first + cell.count];
   return gap.id;
-}
-
-inline void CircleIndex::scan(const Cell& cell, float x, float y,
-                              std::vector<std::uint32_t>& ids) const {
-  const Entry* entry = entries_.data() + cell.first;
-  for (const Entry* end = entry + cell.count; entry != end; ++entry) {
-    const float dx = x - entry->x, dy = y - entry->y;
-    // An overflow on either side must let the circle through.
-    if (!(dx * dx + dy * dy > entry->radius2)) ids.push_back(entry->id);
-  }
-}
-
-void CircleIndex::collect(double x, double y, std::vector<std::uint32_t>& ids) const {
-  const double from_x = x - min_x_, from_y = y - min_y_;
-  const float fx = static_cast<float>(from_x), fy = static_cast<float>(from_y);
-  for (std::uint64_t bits = levels_in_use_; bits != 0; bits &= bits - 1) {
-    const int k = std::countr_zero(bits);
-    const Level& level = levels_[static_cast<std::size_t>(k)];
-    // What holds the point is centred at most half a cell away.
-    const double u = from_x * level.cells_per_unit + 0.5, v = from_y * level.cells_per_unit + 0.5;
-    const std::uint32_t right = static_cast<std::uint32_t>(u),
-                        above = static_cast<std::uint32_t>(v);
-    const std::uint32_t c0 = right == 0 ? 0 : std::min(right - 1, level.columns - 1);
-    const std::uint32_t c1 = std::min(right, level.columns - 1);
-    const std::uint32_t r0 = above == 0 ? 0 : std::min(above - 1, level.rows - 1);
-    const std::uint32_t r1 = std::min(above, level.rows - 1);
-    for (std::uint32_t row = r0; row <= r1; ++row) {
-      for (std::uint32_t column = c0; column <= c1; ++column) {
-        const std::uint32_t cell = k < dense_levels_
-                                       ? level.first_cell + row * level.columns + column
-                                       : hashed_cell(k, column, row);
-        if (cell != kNowhere) scan(cells_[cell], fx, fy, ids);
-      }
-    }
-  }
 }
 
 }  // namespace brindle

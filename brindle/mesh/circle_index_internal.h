@@ -2,6 +2,9 @@
 // short; the caller tests what it gets.
 #pragma once
 
+#include <algorithm>
+#include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -34,8 +37,11 @@ class CircleIndex {
   // Takes a stored circle out. Another circle may move to its place: its id comes back and its
   // Place is now the one given; kNowhere when none moved.
   std::uint32_t remove(Place place);
-  // Appends the ids of the circles that may hold the point, which must be in the box.
-  void collect(double x, double y, std::vector<std::uint32_t>& ids) const;
+  // Calls visit(id) for the circles that may hold the point, which must be in the box.
+  template <class Visit>
+  void visit_around(double x, double y, Visit visit) const;
+  // The number of circles that the grids were made for.
+  std::size_t expected() const { return expected_; }
 
  private:
   struct Entry {
@@ -59,9 +65,9 @@ class CircleIndex {
   std::uint32_t make_hashed_cell(int level, std::uint32_t column, std::uint32_t row);
   void grow_table();
   std::uint32_t add_entry(std::uint32_t cell_number, const Entry& entry);
-  void scan(const Cell& cell, float x, float y, std::vector<std::uint32_t>& ids) const;
 
   double min_x_, min_y_, max_x_, max_y_;
+  std::size_t expected_;
   double size_;  // of the box's larger side, never 0
   float slack_;  // rounding of an Entry within the box
   int dense_levels_ = 0;
@@ -74,5 +80,39 @@ class CircleIndex {
   std::vector<std::uint64_t> table_keys_;       // 0: free
   std::vector<std::uint32_t> table_cells_;
 };
+
+template <class Visit>
+void CircleIndex::visit_around(double x, double y, Visit visit) const {
+  const double from_x = x - min_x_, from_y = y - min_y_;
+  const float fx = static_cast<float>(from_x), fy = static_cast<float>(from_y);
+  const auto scan = [&](std::uint32_t cell) {
+    const Entry* entry = entries_.data() + cells_[cell].first;
+    for (const Entry* end = entry + cells_[cell].count; entry != end; ++entry) {
+      const float dx = fx - entry->x, dy = fy - entry->y;
+      // An overflow on either side must let the circle through.
+      if (!(dx * dx + dy * dy > entry->radius2)) visit(entry->id);
+    }
+  };
+  for (std::uint64_t bits = levels_in_use_; bits != 0; bits &= bits - 1) {
+    const int k = std::countr_zero(bits);
+    const Level& level = levels_[static_cast<std::size_t>(k)];
+    // What holds the point is centred at most half a cell away.
+    const std::uint32_t right = static_cast<std::uint32_t>(from_x * level.cells_per_unit + 0.5);
+    const std::uint32_t above = static_cast<std::uint32_t>(from_y * level.cells_per_unit + 0.5);
+    const std::uint32_t c0 = right == 0 ? 0 : std::min(right, level.columns) - 1;
+    const std::uint32_t c1 = std::min(right, level.columns - 1);
+    const std::uint32_t r0 = above == 0 ? 0 : std::min(above, level.rows) - 1;
+    const std::uint32_t r1 = std::min(above, level.rows - 1);
+    for (std::uint32_t row = r0; row <= r1; ++row) {
+      for (std::uint32_t column = c0; column <= c1; ++column) {
+        if (k < dense_levels_) {
+          scan(level.first_cell + row * level.columns + column);
+        } else if (const std::uint32_t cell = hashed_cell(k, column, row); cell != kNowhere) {
+          scan(cell);
+        }
+      }
+    }
+  }
+}
 
 }  // namespace brindle

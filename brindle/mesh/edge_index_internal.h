@@ -7,7 +7,8 @@
 
 namespace brindle {
 
-// Entries hang on the lower of the two vertices, in no order. An entry whose edge has since changed
+// Entries hang on the higher of the two vertices, in no order: sides that came with the same point
+// stand together. An entry whose edge has since changed
 // or gone may stay: the caller's check decides which entries hold.
 class EdgeIndex {
  public:
@@ -18,10 +19,10 @@ class EdgeIndex {
   }
 
   void add(std::uint32_t a, std::uint32_t b, std::uint32_t place) {
-    const std::uint32_t low = std::min(a, b);
-    if (low >= heads_.size()) heads_.resize(low + std::size_t{1}, kNone);
-    entries_.push_back({std::max(a, b), heads_[low], place});
-    heads_[low] = static_cast<std::uint32_t>(entries_.size() - 1);
+    const std::uint32_t high = std::max(a, b);
+    if (high >= heads_.size()) heads_.resize(high + std::size_t{1}, kNone);
+    entries_.push_back({std::min(a, b), heads_[high], place});
+    heads_[high] = static_cast<std::uint32_t>(entries_.size() - 1);
   }
 
   // The lowest place that was added for the edge and that holds(place) agrees to; kNone without
@@ -30,17 +31,17 @@ class EdgeIndex {
   std::uint32_t first(std::uint32_t a, std::uint32_t b, Holds holds) const {
     const std::uint32_t low = std::min(a, b), high = std::max(a, b);
     std::uint32_t found = kNone;
-    if (low >= heads_.size()) return found;
-    for (std::uint32_t at = heads_[low]; at != kNone; at = entries_[at].next) {
+    if (high >= heads_.size()) return found;
+    for (std::uint32_t at = heads_[high]; at != kNone; at = entries_[at].next) {
       const Entry& entry = entries_[at];
-      if (entry.high == high && entry.place < found && holds(entry.place)) found = entry.place;
+      if (entry.low == low && entry.place < found && holds(entry.place)) found = entry.place;
     }
     return found;
   }
 
  private:
   struct Entry {
-    std::uint32_t high, next, place;
+    std::uint32_t low, next, place;
   };
 
   std::vector<std::uint32_t> heads_;

@@ -134,6 +134,7 @@ void IncrementalDelaunay::remove_triangle(std::uint32_t id) {
     triangles_[moved].place.cell = t.place.cell;
     always_.pop_back();
   }
+  by_birth_[t.birth] = kNever;
   t.birth = kNever;
   free_.push_back(id);
   --live_;
@@ -145,15 +146,13 @@ bool IncrementalDelaunay::accepts(const Triangle& t, double x, double y) const {
 }
 
 void IncrementalDelaunay::find_cavity(double x, double y) {
-  candidates_.clear();
-  index_.collect(x, y, candidates_);
-  for (const std::uint32_t id : candidates_) {
+  index_.visit_around(x, y, [&](std::uint32_t id) {
     const Triangle& t = triangles_[id];
     const double dx = x - t.cx, dy = y - t.cy;
     const double d2 = dx * dx + dy * dy;
-    if (d2 > t.reject2) continue;
+    if (d2 > t.reject2) return;
     if (d2 < t.accept2 || accepts(t, x, y)) cavity_.push_back(id);
-  }
+  });
   for (const std::uint32_t id : always_) {
     if (accepts(triangles_[id], x, y)) cavity_.push_back(id);
   }
@@ -195,6 +194,7 @@ void IncrementalDelaunay::insert(double x, double y) {
   cancel_shared_sides();
   for (const Side side : sides_) add_triangle(side.a, side.b, point);
   if (by_birth_.size() > 16 * live_ + 65536) renumber();
+  if (live_ > 2 * index_.expected()) index_anew();
 }
 
 void IncrementalDelaunay::list_sides() {
@@ -253,12 +253,22 @@ bool IncrementalDelaunay::drop_plain_pairs() {
   return true;
 }
 
+// Grids that were made for far fewer triangles are crowded.
+void IncrementalDelaunay::index_anew() {
+  index_ = CircleIndex(min_x_, min_y_, max_x_, max_y_, 2 * live_);
+  for (std::uint32_t id = 0; id < triangles_.size(); ++id) {
+    Triangle& t = triangles_[id];
+    if (t.birth == kNever || keeping_[id] != kIndexed) continue;
+    t.place = index_.insert(id, t.cx, t.cy, std::sqrt(t.reject2), t.reject2);
+    if (t.place.cell == CircleIndex::kNowhere) keeping_[id] = kOutside;
+  }
+}
+
 // Closes the gaps that removed triangles left in the order of creation.
 void IncrementalDelaunay::renumber() {
   std::size_t kept = 0;
-  for (std::size_t born = 0; born < by_birth_.size(); ++born) {
-    const std::uint32_t id = by_birth_[born];
-    if (triangles_[id].birth != born) continue;
+  for (const std::uint32_t id : by_birth_) {
+    if (id == kNever) continue;
     triangles_[id].birth = static_cast<std::uint32_t>(kept);
     by_birth_[kept++] = id;
   }

@@ -38,11 +38,10 @@ class IncrementalDelaunay {
   // Calls visit(a, b, c) for the triangles without an enclosing corner, in creation order.
   template <class Visit>
   void for_each_inner(Visit visit) const {
-    for (std::size_t born = 0; born < by_birth_.size(); ++born) {
-      const Triangle& t = triangles_[by_birth_[born]];
-      if (t.birth != born || t.v[0] < kEnclosing || t.v[1] < kEnclosing || t.v[2] < kEnclosing) {
-        continue;
-      }
+    for (const std::uint32_t id : by_birth_) {
+      if (id == kNever) continue;
+      const Triangle& t = triangles_[id];
+      if (t.v[0] < kEnclosing || t.v[1] < kEnclosing || t.v[2] < kEnclosing) continue;
       visit(static_cast<int>(t.v[0] - kEnclosing), static_cast<int>(t.v[1] - kEnclosing),
             static_cast<int>(t.v[2] - kEnclosing));
     }
@@ -80,6 +79,7 @@ class IncrementalDelaunay {
   void cancel_shared_sides();
   bool drop_plain_pairs();
   void renumber();
+  void index_anew();
 
   double min_x_, min_y_, max_x_, max_y_;
   double magnitude_ = 0, extent_ = 0;  // of the enclosing triangle and the box
@@ -89,9 +89,10 @@ class IncrementalDelaunay {
   std::vector<double> xs_, ys_;
   std::vector<Triangle> triangles_;
   std::vector<std::uint8_t> keeping_;
-  std::vector<std::uint32_t> free_, always_, by_birth_;
+  std::vector<std::uint32_t> free_, always_;
+  std::vector<std::uint32_t> by_birth_;  // triangles in the order of creation; kNever: removed
   std::size_t live_ = 0;
-  std::vector<std::uint32_t> candidates_, cavity_, order_;
+  std::vector<std::uint32_t> cavity_, order_;
   std::vector<Side> sides_;
   std::vector<std::uint64_t> keys_;
 };

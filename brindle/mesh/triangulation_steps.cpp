@@ -121,7 +121,10 @@ int CGeoCDT::Form_Edge_List() {
     set_angles(triangle);
     for (int k = 0; k < 3; ++k) {
       const long a = triangle.v[k], b = triangle.v[(k + 1) % 3];
-      const std::size_t known = find_edge(a, b);
+      // The index has just been made: what it names holds.
+      const std::size_t known =
+          m_pEdgeIndex->first(static_cast<std::uint32_t>(a), static_cast<std::uint32_t>(b),
+                              [](std::uint32_t) { return true; });
       if (known != EdgeIndex::kNone) {
         m_Edges[known]->second = static_cast<long>(t);
         continue;
