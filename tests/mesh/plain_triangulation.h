@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <deque>
 #include <memory>
 #include <vector>
 
@@ -28,13 +28,18 @@ class PlainTriangulation {
     long v[3];
     double angle[3];
   };
-  using EdgeList = std::vector<std::shared_ptr<Edge>>;
+  using EdgeList = std::vector<Edge*>;
+
+  PlainTriangulation() = default;
+  PlainTriangulation(PlainTriangulation&&) = default;  // records stay where they are
 
   std::vector<Vertex> vertices;
   EdgeList edges;
   std::vector<long> boundary;
   std::vector<std::unique_ptr<Triangle>> triangles;
   bool limit_reached = false;
+
+  void add_edge(long a, long b) { edges.push_back(record({a, b, 0, -1, -1})); }
 
   bool generate() {
     if (!prepare()) return false;
@@ -114,10 +119,10 @@ class PlainTriangulation {
       for (int k = 0; k < 3; ++k) triangle.angle[k] = angle(triangle, k);
       for (int k = 0; k < 3; ++k) {
         const long a = triangle.v[k], b = triangle.v[(k + 1) % 3];
-        if (const auto found = find(edges, a, b)) {
+        if (Edge* found = find(edges, a, b)) {
           found->second = t;
         } else {
-          edges.push_back(std::make_shared<Edge>(Edge{a, b, 1, t, -1}));
+          edges.push_back(record({a, b, 1, t, -1}));
         }
       }
     }
@@ -151,18 +156,20 @@ class PlainTriangulation {
     triangles.push_back(std::make_unique<Triangle>(Triangle{{a, b, c}, {0, 0, 0}}));
   }
 
-  std::shared_ptr<Edge> split(Edge& e, double x, double y) {
+  Edge* record(const Edge& e) { return &edge_records_.emplace_back(e); }
+
+  Edge* split(Edge& e, double x, double y) {
     const long k = size(vertices);
     vertices.push_back({x, y, 1});
-    auto half = std::make_shared<Edge>(Edge{k, e.b, e.origin, -1, -1});
+    Edge* half = record({k, e.b, e.origin, -1, -1});
     e.b = k;
     e.first = e.second = -1;
     return half;
   }
 
   // The list comes by value, as a plain search would have it.
-  static std::shared_ptr<Edge> find(EdgeList list, long a, long b) {
-    for (const auto& e : list) {
+  static Edge* find(EdgeList list, long a, long b) {
+    for (Edge* e : list) {
       if ((e->a == a && e->b == b) || (e->a == b && e->b == a)) return e;
     }
     return nullptr;
@@ -220,8 +227,8 @@ class PlainTriangulation {
   }
 
   bool encroaches(double x, double y, long a, long b) {
-    const auto e = find(edges, a, b);
-    if (!e) return false;
+    Edge* e = find(edges, a, b);
+    if (e == nullptr) return false;
     const double mx = (at(e->a).x + at(e->b).x) / 2, my = (at(e->a).y + at(e->b).y) / 2;
     if (!CGeoVertex::IsPtInCircle(x, y, mx, my, distance(at(e->a), at(e->b)) / 2)) return false;
     edges.push_back(split(*e, mx, my));
@@ -255,6 +262,7 @@ class PlainTriangulation {
 
   double max_x_ = 0, min_x_ = 0, max_y_ = 0, min_y_ = 0;
   CGeoPolygon polygon_;
+  std::deque<Edge> edge_records_;
 };
 
 }  // namespace brindle::testing
