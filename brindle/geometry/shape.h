@@ -80,10 +80,11 @@ class CFShape : public CFPoint {
   void GetRect(CFPoint& min, CFPoint& max) const;
 
   // The common points of two pieces go to pts[0] and pts[1], z 0; returns their number, or -1 when
-  // the pieces overlap. The modes, 0 for sections and 1 for infinite lines, have a meaning for two
-  // straight pieces, and the two must be alike: unlike ones give 0. An arc goes from its start
-  // angle to that plus the sweep, as JH_TestAngleInArc takes them, so that a clockwise one has the
-  // points of the rest of its circle; this is meant.
+  // two straight pieces overlap; curves are compared without a tolerance, so that no two of them
+  // do, and pieces of one circle have no point. The modes, 0 for sections and 1 for infinite lines,
+  // have a meaning for two straight pieces, and the two must be alike: unlike ones give 0. An arc
+  // goes from its start angle to that plus the sweep, as JH_TestAngleInArc takes them, so that a
+  // clockwise one has the points of the rest of its circle; this is meant.
   int Intersect(const CFShape& other, CFPoint pts[], int mode1, int mode2) const;
   // Whether two pieces meet within `tol`, arcs as before.
   BOOL Intersect(const CFShape& other, float tol) const;

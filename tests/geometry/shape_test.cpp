@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <numbers>
 
 #include "brindle/platform/base/archive.h"
@@ -90,9 +91,13 @@ TEST(Shape, RunsThroughThreePointsFromTheSecondToTheFirst) {
     EXPECT_EQ(arc.b > 0, c.counter_clockwise) << c.name;
     EXPECT_NEAR(std::hypot(c.p3.x - arc.x, c.p3.y - arc.y), arc.r, 1e-5) << c.name;
   }
-  const CFShape straight(CFPoint(0, 0, 0), CFPoint(2, 0, 0), CFPoint(4, 0, 0));
-  EXPECT_TRUE(straight.IsLine());
-  expect_at(straight.GetEndPoint(), 2, 0);
+  for (const CFPoint& way : {CFPoint(1, 0, 0), CFPoint(0, 1, 0), CFPoint(0.25f, 0.75f, 0)}) {
+    for (const CFPoint& third : {way + way + way, way, CFPoint()}) {
+      const CFShape straight(CFPoint(), way + way, third);
+      EXPECT_TRUE(straight.IsLine());
+      expect_at(straight.GetEndPoint(), 2 * way.x, 2 * way.y);
+    }
+  }
 }
 
 TEST(Shape, TellsItsLeftSide) {
@@ -108,7 +113,13 @@ TEST(Shape, GoesThroughAnArchive) {
   CArchive out(&file, CArchive::store);
   arc.Serialize(out);
   out.Close();
-  EXPECT_EQ(file.GetLength(), 24u);
+  const unsigned char bytes[] = {0, 0, 0x80, 0x3F, 0, 0, 0, 0x40, 0, 0, 0,    0,
+                                 0, 0, 0x40, 0xC0, 0, 0, 0, 0x3F, 0, 0, 0x80, 0x3E};
+  unsigned char stored[sizeof bytes];
+  ASSERT_EQ(file.GetLength(), sizeof bytes);
+  file.SeekToBegin();
+  file.Read(stored, sizeof stored);
+  EXPECT_EQ(std::memcmp(stored, bytes, sizeof bytes), 0);
   file.SeekToBegin();
   CArchive in(&file, CArchive::load);
   back.Serialize(in);
