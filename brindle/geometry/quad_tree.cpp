@@ -68,10 +68,13 @@ void CQxQuadTree::Create(float x1, float y1, float x2, float y2, int depth, floa
 }
 
 CQxQuadNode* CQxQuadTree::Insert(void* item, float x1, float y1, float x2, float y2) {
-  const CQxQuadBox box(x1, y1, x2, y2);
-  if (!m_root || !box.IsInside(m_root->m_box)) return nullptr;
-  CQxQuadNode* node = m_root;
-  for (int depth = 0; depth < m_depth; ++depth) {
+  return InsertNode(m_root, item, CQxQuadBox(x1, y1, x2, y2), -1);
+}
+
+CQxQuadNode* CQxQuadTree::InsertNode(CQxQuadNode* node, void* item, const CQxQuadBox& box,
+                                     int depth) {
+  if (!node || !box.IsInside(node->m_box)) return nullptr;
+  for (++depth; depth < m_depth; ++depth) {
     node->CreateSubNode(static_cast<float>(m_overlap), depth);
     CQxQuadNode* child = child_around(node, box);
     if (!child) break;

@@ -88,6 +88,8 @@ class CQxQuadTree {
   // of several on the way the first in the order a, b, d, c takes it. Returns the node, or null
   // when the box isn't strictly inside the root: then the item stays out of the tree.
   CQxQuadNode* Insert(void* item, float x1, float y1, float x2, float y2);
+  // The same from a node of the tree on, whose parent lies at `depth` (-1 above the root).
+  CQxQuadNode* InsertNode(CQxQuadNode* node, void* item, const CQxQuadBox& box, int depth);
   // Appends to `nodes` (CQxQuadNode*) the nodes with items whose boxes meet the given one, parents
   // before children, children in order. Their items are candidates: the caller tests each.
   void Search(float x1, float y1, float x2, float y2, CPtrArray& nodes);
