@@ -21,7 +21,9 @@
 
 namespace brindle {
 
+class CDC;
 class CFCoor;
+class CFRegion;
 class CQxQuadTree;
 class DxfPairReader;
 struct DxfTableMessages;
@@ -157,6 +159,22 @@ class DXF {
   // Union of the entities' boxes; the zero box for an empty drawing.
   CFRect GetFRect();
   CFRect GetFRect3D(double angle1, double angle2);
+  // Draws the entities that the rectangle (device pixels) shows, all of them for an empty one;
+  // nothing outside memory mode. The first form keeps the transform for the second. Texts with an
+  // opaque background come last; entities on a layer that is off are left out.
+  void Draw(CDC* dc, CFCoor* coor, CRect visible);
+  void Draw(CDC* dc, CRect visible);
+  // Draws all entities seen under two axonometric angles (radians), and keeps the transform.
+  void Draw3D(CDC* dc, CFCoor* coor, double angle1, double angle2);
+  // Draws into the current OpenGL context; texts only with a device context, which fonts need.
+  void Draw3D_Opengl(CDC* dc);
+  // Whether entities meet the box or region (world units, seen under two angles): with mode 1 all
+  // must lie inside, so an empty drawing gives 1; else one that passes its own HitTest is enough.
+  int HitTest(const CFRect& box, int mode, double angle1, double angle2);
+  int HitTest(const CFRegion& region, int mode, double angle1, double angle2);
+  // Indexes the entities as they are now for Draw and HitTest. Entities added or moved later are
+  // found again after the next call only; removing entities gives the index up.
+  void CreateQuadTree();
   // Width of a text in a style, in the units of the height.
   double GetTextWidth(const wchar_t* text, double height, double widthFactor,
                       const wchar_t* styleName);
@@ -180,11 +198,11 @@ class DXF {
   FILE* m_pFile = nullptr;
   int m_nState = kClosed;
   int m_nMaxLType = 100, m_nMaxLayer = 250, m_nMaxStyle = 100, m_nMaxDimStyle = 100;
-  int m_nDimBlockCount = 0;  // "*D%d" blocks made so far
-  CFCoor* m_pCoor;           // the current transform, not owned
-  CQxQuadTree* m_pQuadTree = nullptr;
-  CPtrList m_Entities{10};  // ACAD_ENTITY*, in drawing order, owned
-  CPtrList m_Blocks{10};    // ACAD_BLOCK*, owned
+  int m_nDimBlockCount = 0;            // "*D%d" blocks made so far
+  CFCoor* m_pCoor;                     // the current transform, not owned
+  CQxQuadTree* m_pQuadTree = nullptr;  // made by CreateQuadTree, owned
+  CPtrList m_Entities{10};             // ACAD_ENTITY*, in drawing order, owned
+  CPtrList m_Blocks{10};               // ACAD_BLOCK*, owned
   int m_nNumLType = 0, m_nNumLayer = 0, m_nNumStyle = 0, m_nNumDimStyle = 0;
   Varnholt::ACAD_LTYPE* m_pLType = nullptr;  // arrays of the capacities above, owned
   Varnholt::ACAD_LAYER* m_pLayer = nullptr;
@@ -195,6 +213,7 @@ class DXF {
 
  private:
   struct ReadingState;
+  class LayerFilter;
 
   bool allocate_tables();
   void free_tables();
@@ -206,6 +225,14 @@ class DXF {
   Entity& fresh_scratch(int kind);
   template <class Entity>
   Entity* keep(Entity& scratch);
+
+  // Drawing.
+  void drop_quad_tree();
+  CPtrArray visible_nodes(CRect device) const;
+  bool holds_back(Varnholt::ACAD_ENTITY& entity, LayerFilter& layers, CPtrArray& deferred);
+  void draw_nodes(CDC* dc, const CRect& visible);
+  void draw_list(CDC* dc, const CRect& visible);
+  void draw_texts(CDC* dc, const CPtrArray& texts);
 
   // Reading.
   DxfPairReader* reader();
