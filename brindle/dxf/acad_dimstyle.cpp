@@ -95,4 +95,11 @@ void ACAD_DIMSTYLE::write_to(DxfPairWriter& writer, DxfDialect dialect) {
   }
 }
 
+void ACAD_DIMSTYLE::exchange(FieldExchange& with) {
+  for (const TableField& field : fields()) field.exchange(*this, with);
+  std::wstring style(m_szTxtStyle.view());
+  with.text(style);
+  m_szTxtStyle = std::wstring_view(style);
+}
+
 }  // namespace brindle::Varnholt

@@ -14,6 +14,8 @@ class ACAD_DIMSTYLE : public ACAD_TABLE {
   int read_from(DxfPairReader& reader) override;
   // Writes the handle of the text style when the record knows its document and the style is there.
   void write_to(DxfPairWriter& writer, DxfDialect dialect) override;
+  // Every field but the handle, in the order of writing, the name of the text style last.
+  void exchange(FieldExchange& with);
 
   WText<100> m_szName;
   int m_nFlags;

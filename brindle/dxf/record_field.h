@@ -3,12 +3,23 @@
 // follow from it.
 #pragma once
 
+#include <string>
 #include <type_traits>
 
 #include "brindle/dxf/pair_reader.h"
 #include "brindle/dxf/pair_writer.h"
 
 namespace brindle {
+
+// A record's values, one after the other, for forms that have no group codes. A reader replaces
+// what it is given, a writer looks at it.
+class FieldExchange {
+ public:
+  virtual ~FieldExchange() = default;
+  virtual void number(double& value) = 0;
+  virtual void integer(int& value) = 0;
+  virtual void text(std::wstring& value) = 0;
+};
 
 // Base is the common base of the records that share a table's type: ACAD_ENTITY or ACAD_TABLE.
 template <class Base>
@@ -20,6 +31,7 @@ struct RecordField {
   void (*reset)(Base&, const RecordField&) = nullptr;
   void (*read)(Base&, const DxfPair&, DxfPairReader&) = nullptr;
   void (*write)(const Base&, int code, DxfPairWriter&) = nullptr;
+  void (*exchange)(Base&, FieldExchange&) = nullptr;
 };
 
 namespace record_field_detail {
@@ -78,6 +90,25 @@ void write(const Base& record, int code, DxfPairWriter& writer) {
   }
 }
 
+template <class Base, auto Member>
+void exchange(Base& record, FieldExchange& with) {
+  auto& value = member<Base, Member>(record);
+  using Value = std::remove_reference_t<decltype(value)>;
+  if constexpr (std::is_floating_point_v<Value>) {
+    double number = value;
+    with.number(number);
+    value = static_cast<Value>(number);
+  } else if constexpr (std::is_integral_v<Value>) {
+    int number = static_cast<int>(value);
+    with.integer(number);
+    value = static_cast<Value>(number);
+  } else {
+    std::wstring text(value.view());
+    with.text(text);
+    value = std::wstring_view(text);
+  }
+}
+
 }  // namespace record_field_detail
 
 // A row for a number, with its default.
@@ -90,7 +121,8 @@ RecordField<Base> number_field(int code, const char* name, double initial) {
           WText<300>(),
           detail::reset<Base, Member>,
           detail::read<Base, Member>,
-          detail::write<Base, Member>};
+          detail::write<Base, Member>,
+          detail::exchange<Base, Member>};
 }
 
 // A row for a text, with its default.
@@ -103,7 +135,8 @@ RecordField<Base> text_field(int code, const char* name, const wchar_t* initial)
           WText<300>(initial),
           detail::reset<Base, Member>,
           detail::read<Base, Member>,
-          detail::write<Base, Member>};
+          detail::write<Base, Member>,
+          detail::exchange<Base, Member>};
 }
 
 }  // namespace brindle
