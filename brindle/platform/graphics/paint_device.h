@@ -29,8 +29,8 @@ struct BrushData {
   bool operator==(const BrushData&) const = default;
 };
 
-// What a figure is drawn in, all in device units: the font's height and the pen's width too. No clip
-// region is null.
+// What a figure is drawn in, all in device units: the font's height and the pen's width too. `clip`
+// is null when nothing is clipped.
 struct PaintState {
   PenData pen;
   BrushData brush;
