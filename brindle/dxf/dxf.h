@@ -4,20 +4,25 @@
 #include <cstdio>
 #include <memory>
 
+#include "brindle/dxf/acad_3dface.h"
 #include "brindle/dxf/acad_arc.h"
 #include "brindle/dxf/acad_block.h"
 #include "brindle/dxf/acad_circle.h"
 #include "brindle/dxf/acad_dimstyle.h"
+#include "brindle/dxf/acad_hatch.h"
 #include "brindle/dxf/acad_layer.h"
 #include "brindle/dxf/acad_line.h"
 #include "brindle/dxf/acad_ltype.h"
 #include "brindle/dxf/acad_point.h"
+#include "brindle/dxf/acad_polyline.h"
+#include "brindle/dxf/acad_solid.h"
 #include "brindle/dxf/acad_style.h"
 #include "brindle/dxf/acad_text.h"
 #include "brindle/dxf/cad_platform_option.h"
 #include "brindle/geometry/point.h"
 #include "brindle/geometry/rect.h"
 #include "brindle/platform/base/list.h"
+#include "brindle/platform/base/pointer_arrays.h"
 
 namespace brindle {
 
@@ -116,6 +121,43 @@ class DXF {
   Varnholt::ACAD_ARC* Write_Arc(double x, double y, double z, double r, double startDeg,
                                 double endDeg, double ltScale, const wchar_t* layer,
                                 const wchar_t* colour, const wchar_t* ltype);
+  // n vertices; flags 0 open, 1 closed. A null array stands for zeros. The polyline's own widths
+  // are those of the first vertex.
+  Varnholt::ACAD_POLYLINE* Write_Pline(int n, const double* x, const double* y, const double* z,
+                                       const double* bulge, int flags, const double* startWidth,
+                                       const double* endWidth, double ltScale, const wchar_t* layer,
+                                       const wchar_t* colour, const wchar_t* ltype);
+  Varnholt::ACAD_POLYLINE* Write_Pline(int n, const float* x, const float* y, const float* z,
+                                       const float* bulge, int flags, const float* startWidth,
+                                       const float* endWidth, float ltScale, const wchar_t* layer,
+                                       const wchar_t* colour, const wchar_t* ltype);
+  // Two vertices.
+  Varnholt::ACAD_POLYLINE* Write_Pline(double x1, double y1, double z1, double x2, double y2,
+                                       double z2, double bulge, double startWidth, double endWidth,
+                                       const wchar_t* layer, const wchar_t* colour,
+                                       const wchar_t* ltype);
+  // Filled, with the outline 1, 2, 4, 3.
+  Varnholt::ACAD_SOLID* Write_Solid(double x1, double y1, double z1, double x2, double y2,
+                                    double z2, double x3, double y3, double z3, double x4,
+                                    double y4, double z4, const wchar_t* layer,
+                                    const wchar_t* colour, const wchar_t* ltype);
+  // Outlined 1, 2, 3, 4.
+  Varnholt::ACAD_3DFACE* Write_3DFace(double x1, double y1, double z1, double x2, double y2,
+                                      double z2, double x3, double y3, double z3, double x4,
+                                      double y4, double z4, const wchar_t* layer,
+                                      const wchar_t* colour, const wchar_t* ltype);
+  // One polyline path. A pattern that its file lacks is reported, and the hatch is made without
+  // lines. `style`: 0 by turns from outside, 1 outermost areas, 2 all.
+  Varnholt::ACAD_HATCH* Write_Hatch(const CArray<double>& x, const CArray<double>& y,
+                                    const CArray<double>& bulge, const wchar_t* patternFile,
+                                    const wchar_t* patternName, double scale, double angle,
+                                    bool solid, bool associative, int style, const wchar_t* layer,
+                                    const wchar_t* colour);
+  Varnholt::ACAD_HATCH* Write_Hatch(const CArray<float>& x, const CArray<float>& y,
+                                    const CArray<float>& bulge, const wchar_t* patternFile,
+                                    const wchar_t* patternName, float scale, float angle,
+                                    bool solid, bool associative, int style, const wchar_t* layer,
+                                    const wchar_t* colour);
 
   // --- sequence markers of a file-mode drawing; in memory mode they do nothing and answer 1
   int Write_Tables();
@@ -225,6 +267,16 @@ class DXF {
   Entity& fresh_scratch(int kind);
   template <class Entity>
   Entity* keep(Entity& scratch);
+  template <class T>
+  Varnholt::ACAD_POLYLINE* write_polyline(int n, const T* x, const T* y, const T* z, const T* bulge,
+                                          int flags, const T* startWidth, const T* endWidth,
+                                          double ltScale, const wchar_t* layer,
+                                          const wchar_t* colour, const wchar_t* ltype);
+  template <class T>
+  Varnholt::ACAD_HATCH* write_hatch(const CArray<T>& x, const CArray<T>& y, const CArray<T>& bulge,
+                                    const wchar_t* patternFile, const wchar_t* patternName,
+                                    double scale, double angle, bool solid, bool associative,
+                                    int style, const wchar_t* layer, const wchar_t* colour);
 
   // Drawing.
   void drop_quad_tree();

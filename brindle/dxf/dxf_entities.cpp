@@ -1,8 +1,8 @@
 // New entities: names are checked, the scratch entity is filled, then kept or written.
-#include <new>
 #include <string_view>
 
 #include "brindle/dxf/dxf.h"
+#include "brindle/dxf/dxf_entity_store_internal.h"
 #include "brindle/frame/utility/tell_error.h"
 #include "brindle/platform/base/convert.h"
 
@@ -37,30 +37,6 @@ bool DXF::set_names(ACAD_ENTITY& entity, const wchar_t* layer, const wchar_t* co
   entity.m_szLType = ltype;
   entity.m_nColor = colour == nullptr || colour == kByLayer ? 256 : _wtoi(colour);
   return true;
-}
-
-template <class Entity>
-Entity& DXF::fresh_scratch(int kind) {
-  Entity& entity = static_cast<Entity&>(*scratch_entity(kind));
-  entity.Ini();
-  entity.m_pDxf = this;
-  return entity;
-}
-
-template <class Entity>
-Entity* DXF::keep(Entity& scratch) {
-  if (m_bMemMode == 0) {
-    scratch.Write(m_pFile);
-    return &scratch;
-  }
-  try {
-    std::unique_ptr<Entity> stored(new Entity(scratch));
-    stored->m_nID = m_nCurEntityID;
-    m_Entities.AddTail(stored.get());
-    return stored.release();
-  } catch (const std::bad_alloc&) {
-    return nullptr;  // the list is as it was
-  }
 }
 
 ACAD_POINT* DXF::Write_Point(double x, double y, double z, const wchar_t* layer) {
