@@ -71,10 +71,17 @@ class ACAD_ENTITY {
   virtual CFRect GetFRect() { return CFRect(); }
   // The box of the entity seen under two axonometric angles (radians).
   virtual CFRect GetFRect3D(double angle1, double angle2);
+  // Draws the entity, shifted by (dx, dy) world units, from above. A selected one gets a mark at
+  // each key point. Nothing when a name that it needs isn't in the tables.
   virtual void Draw(CDC* dc, CFCoor* coor, double dx, double dy);
+  // The same as seen under two axonometric angles (radians).
   virtual void Draw3D(CDC* dc, CFCoor* coor, double angle1, double angle2);
+  // Whether the entity, seen under two angles, lies in a region (mode other than 0) or lies in it
+  // or touches it (0).
   virtual int HitTest(const CFRegion& region, int mode, double angle1, double angle2);
+  // The same for a box.
   virtual int HitTest(const CFRect& rect, int mode, double angle1, double angle2);
+  // Draws in the current OpenGL context; see entity_opengl.h.
   virtual void Draw3D_Opengl() {}
   virtual CFPoint Get_Max_Point() { return CFPoint(); }
   virtual CFPoint Get_Min_Point() { return CFPoint(); }
@@ -112,7 +119,9 @@ class ACAD_ENTITY {
   ACAD_BLOCK* GetBlock(const wchar_t* name) const;
 
   // The colour (0x00bbggrr) of an index for drawing: 256 and -1 are the layer's colour (a missing
-  // layer gives -99999), 0 to 255 the palette, below -1 the negated value itself.
+  // layer gives -99999), 0 to 255 the palette, below -1 the negated value itself. Where it would
+  // vanish in the background of the shared canvas's device, it is inverted; on a metafile it is
+  // black unless colours are kept (SetDXFPrintColor).
   COLORREF GetColor(int index) const;
   // The same without any rule of the device.
   COLORREF GetColorNew(int index) const;
@@ -161,8 +170,10 @@ class ACAD_ENTITY {
   template <class T>
   static void turn_angle(double& degrees, const T* rot);
 
-  void read_extended_pair(const DxfPair& pair, DxfPairReader& reader);
-  void write_extended_record(DxfPairWriter& writer) const;
+  // A pair of code 1000, and what is written behind an entity's own groups. A kind with extended
+  // data of its own adds to them.
+  virtual void read_extended_pair(const DxfPair& pair, DxfPairReader& reader);
+  virtual void write_extended_record(DxfPairWriter& writer) const;
 };
 
 extern template void ACAD_ENTITY::turn_angle<float>(double&, const float*);

@@ -8,7 +8,9 @@
 #include "brindle/dxf/acad_arc.h"
 #include "brindle/dxf/acad_block.h"
 #include "brindle/dxf/acad_circle.h"
+#include "brindle/dxf/acad_dimension.h"
 #include "brindle/dxf/acad_dimstyle.h"
+#include "brindle/dxf/acad_insert.h"
 #include "brindle/dxf/acad_hatch.h"
 #include "brindle/dxf/acad_layer.h"
 #include "brindle/dxf/acad_line.h"
@@ -18,6 +20,7 @@
 #include "brindle/dxf/acad_solid.h"
 #include "brindle/dxf/acad_style.h"
 #include "brindle/dxf/acad_text.h"
+#include "brindle/dxf/acad_wipeout.h"
 #include "brindle/dxf/cad_platform_option.h"
 #include "brindle/geometry/point.h"
 #include "brindle/geometry/rect.h"
@@ -159,6 +162,44 @@ class DXF {
                                     bool solid, bool associative, int style, const wchar_t* layer,
                                     const wchar_t* colour);
 
+  // A dimension with its block "*D%d". Type 0 rotated by the angle, 1 aligned, 4 radial, 5 angular;
+  // 2 and 3 get a name and no block. The points are those of ACAD_DIMENSION. textPos "TL", "BL",
+  // "TR", "BR" also set the overrides of justification and fit.
+  Varnholt::ACAD_DIMENSION* Write_Dimension(
+      const wchar_t* style, double x10, double y10, double z10, double x11, double y11, double z11,
+      double x12, double y12, double z12, int type, const wchar_t* text, double x13, double y13,
+      double z13, double x14, double y14, double z14, double x15, double y15, double z15,
+      double x16, double y16, double z16, double leader, double angle, double scale,
+      double lengthFactor, const wchar_t* textPos, const wchar_t* layer, const wchar_t* colour,
+      const wchar_t* ltype);
+  // Makes the block of a dimension (memory mode) in place of one that has its name; 1, or 0 when
+  // the style, an arrow block or the line type is missing. A dimension without extent gets an empty
+  // block.
+  int Write_DimVirtualBlock(const Varnholt::ACAD_DIMENSION* dim);
+  int Write_LengthDimVirtualBlock(const Varnholt::ACAD_DIMENSION* dim);
+  int Write_RadiusDimVirtualBlock(const Varnholt::ACAD_DIMENSION* dim);
+  int Write_AngularDimVirtualBlock(const Varnholt::ACAD_DIMENSION* dim);
+  // A block for the ends of dimension lines: one stroke, `width` wide, centred on (x, y, z), that
+  // goes sizeX / 2 to the right and sizeY / 2 up; upright for a sizeX of 1e-6 at most. 1, also when
+  // the name is there already; 0 for an unknown layer or line type, without a message.
+  int Write_DimBlock(const wchar_t* name, double sizeX, double sizeY, double width, int flags,
+                     double x, double y, double z, const wchar_t* layer, const wchar_t* colour,
+                     const wchar_t* ltype);
+  // Hides what was drawn before it: the rectangle between two corners, or a polygon. R12 files have
+  // no such entity.
+  Varnholt::ACAD_WIPEOUT* Write_Wipeout(float x1, float y1, float x2, float y2,
+                                        const wchar_t* layer, const wchar_t* colour,
+                                        const wchar_t* ltype);
+  Varnholt::ACAD_WIPEOUT* Write_Wipeout(double x1, double y1, double x2, double y2,
+                                        const wchar_t* layer, const wchar_t* colour,
+                                        const wchar_t* ltype);
+  Varnholt::ACAD_WIPEOUT* Write_Wipeout(const CArray<float>& xs, const CArray<float>& ys,
+                                        const wchar_t* layer, const wchar_t* colour,
+                                        const wchar_t* ltype);
+  Varnholt::ACAD_WIPEOUT* Write_Wipeout(const CArray<double>& xs, const CArray<double>& ys,
+                                        const wchar_t* layer, const wchar_t* colour,
+                                        const wchar_t* ltype);
+
   // --- sequence markers of a file-mode drawing; in memory mode they do nothing and answer 1
   int Write_Tables();
   int Begin_AllBlocks();
@@ -214,8 +255,8 @@ class DXF {
   // must lie inside, so an empty drawing gives 1; else one that passes its own HitTest is enough.
   int HitTest(const CFRect& box, int mode, double angle1, double angle2);
   int HitTest(const CFRegion& region, int mode, double angle1, double angle2);
-  // Indexes the entities as they are now for Draw and HitTest. Entities added or moved later are
-  // found again after the next call only; removing entities gives the index up.
+  // Indexes the entities as they are now for Draw and HitTest, which use the index as long as the
+  // number of entities stays. Entities that are moved need a new one.
   void CreateQuadTree();
   // Width of a text in a style, in the units of the height.
   double GetTextWidth(const wchar_t* text, double height, double widthFactor,
@@ -227,6 +268,10 @@ class DXF {
   Varnholt::ACAD_STYLE* find_style(const wchar_t* name) const;
   Varnholt::ACAD_DIMSTYLE* find_dimstyle(const wchar_t* name) const;
   Varnholt::ACAD_BLOCK* find_block(const wchar_t* name) const;
+  // The next "*D%d", which no block has.
+  WText<100> next_dimension_block();
+  // Tells the user, the first time only, that inserts go too deep or show too much.
+  void tell_nesting(const wchar_t* block);
   // Entry 0 for a name that isn't there; null only without tables.
   Varnholt::ACAD_LTYPE* find_ltype_or_first(const wchar_t* name) const;
   // The entity of a kind that a Write_* or Read_One_Entity fills; null for a kind without one.
@@ -255,7 +300,7 @@ class DXF {
 
  private:
   struct ReadingState;
-  class LayerFilter;
+  class Walk;
 
   bool allocate_tables();
   void free_tables();
@@ -279,12 +324,11 @@ class DXF {
                                     int style, const wchar_t* layer, const wchar_t* colour);
 
   // Drawing.
+  bool has_index() const;
   void drop_quad_tree();
   CPtrArray visible_nodes(CRect device) const;
-  bool holds_back(Varnholt::ACAD_ENTITY& entity, LayerFilter& layers, CPtrArray& deferred);
-  void draw_nodes(CDC* dc, const CRect& visible);
-  void draw_list(CDC* dc, const CRect& visible);
-  void draw_texts(CDC* dc, const CPtrArray& texts);
+  void draw_nodes(CDC* dc, const CRect& visible, Walk& walk);
+  void draw_list(CDC* dc, const CRect& visible, Walk& walk);
 
   // Reading.
   DxfPairReader* reader();
@@ -313,11 +357,17 @@ class DXF {
 
   template <class T>
   int merge(DXF* src, T* move, T* rot, T* scale);
+  template <class T>
+  Varnholt::ACAD_WIPEOUT* write_wipeout(const T* xs, const T* ys, INT_PTR n, const wchar_t* layer,
+                                        const wchar_t* colour, const wchar_t* ltype);
+  int keep_dimension_block(const Varnholt::ACAD_DIMENSION& dim,
+                           std::unique_ptr<Varnholt::ACAD_BLOCK> block);
 
   std::unique_ptr<Varnholt::ACAD_ENTITY> scratch_[Varnholt::kEntityNone];
   Varnholt::ACAD_BLOCK scratch_block_;
   std::unique_ptr<ReadingState> reading_;
   DxfPairWriter* writer_ = nullptr;  // while a whole file is written
+  bool nesting_told_ = false;
 };
 
 }  // namespace brindle
