@@ -326,7 +326,7 @@ class DXF {
   // Drawing.
   bool has_index() const;
   void drop_quad_tree();
-  CPtrArray visible_nodes(CRect device) const;
+  void find_visible_nodes(CRect device, CPtrArray& nodes) const;
   void draw_nodes(CDC* dc, const CRect& visible, Walk& walk);
   void draw_list(CDC* dc, const CRect& visible, Walk& walk);
 

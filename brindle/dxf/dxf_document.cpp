@@ -43,6 +43,7 @@ DXF::DXF() : m_pCoor(&G_ConCoor) {}
 
 DXF::~DXF() {
   Clear();
+  drop_quad_tree();
 }
 
 int DXF::Set_MaxNum_of_Tables(long nLType, long nLayer, long nStyle, long nDimStyle) {
@@ -140,6 +141,7 @@ void DXF::Clear() {
 }
 
 void DXF::ClearAllEntity() {
+  drop_quad_tree();
   delete_all(m_Entities);
   delete_all(m_Blocks);
 }
@@ -149,6 +151,7 @@ void DXF::DeleteEntity(int id) {
     const POSITION here = at;
     auto* entity = static_cast<ACAD_ENTITY*>(m_Entities.GetNext(at));
     if (entity->m_nID != id) continue;
+    drop_quad_tree();
     m_Entities.RemoveAt(here);
     delete entity;
   }
@@ -157,6 +160,7 @@ void DXF::DeleteEntity(int id) {
 void DXF::DeleteEntity(ACAD_ENTITY* entity) {
   const POSITION at = m_Entities.Find(entity);
   if (at == nullptr) return;
+  drop_quad_tree();
   m_Entities.RemoveAt(at);
   delete entity;
 }

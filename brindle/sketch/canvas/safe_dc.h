@@ -11,7 +11,6 @@ namespace brindle {
 class CBrush;
 class CDC;
 class CRgn;
-class PaintDevice;
 
 // Coordinates and widths are device units with y downwards; angles are radians. A dash array holds
 // `n` lengths that are walked again and again: above 0 drawn, below 0 a gap, 0 a dot; n = 0 is a
@@ -25,7 +24,6 @@ class CSafeDC {
   CSafeDC();
   CSafeDC(const CSafeDC&) = delete;
   CSafeDC& operator=(const CSafeDC&) = delete;
-  ~CSafeDC();
 
   // Makes the limit the page of a printer, else the screen, larger by the margin on every side;
   // also takes over the printing flag. Always 1.
@@ -38,7 +36,7 @@ class CSafeDC {
   // The parts of an arc within the limit, in order, and their number (kMostArcPieces at most). The
   // arc runs from start to end, end > start; y grows along with the sine.
   int CutArc(float cx, float cy, float r, float start, float end, float starts[], float ends[]);
-  static constexpr int kMostArcPieces = 16;
+  static constexpr int kMostArcPieces = 9;
 
   // The current point only; gives it back.
   CPoint MoveTo(int x, int y);
