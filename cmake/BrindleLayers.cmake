@@ -60,6 +60,8 @@ function(brindle_add_layers)
     list(APPEND layers ${layer})
   endforeach()
   brindle_add_library(brindle brindle brindle ${layers})
+  find_package(OpenGL REQUIRED COMPONENTS OpenGL)
+  target_link_libraries(brindle PRIVATE OpenGL::OpenGL OpenGL::GLU)
 
   if(BRINDLE_QT)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Widgets PrintSupport)
