@@ -1,39 +1,31 @@
 // Widths of texts in a drawing's styles.
+#include <algorithm>
 #include <cmath>
-#include <string>
 #include <string_view>
 
 #include "brindle/dxf/dxf.h"
-#include "brindle/platform/base/code_page.h"
+#include "brindle/dxf/global_object_manager.h"
+#include "brindle/dxf/shx_font.h"
 
 namespace brindle {
 
 using namespace Varnholt;
 
-namespace {
-
-// Size and width of a face's characters against the nominal text height; one byte of the text in
-// the ANSI code page counts half an em.
-struct FaceFactors {
-  double size, width;
-};
-
-FaceFactors factors_of(std::wstring_view face) {
-  if (face.find(L"GB") != std::wstring_view::npos) return {1.34, 1.026};
-  if (face.find(L"黑体") != std::wstring_view::npos) return {1.42, 1.015};
-  return {1.4, 1.015};
-}
-
-}  // namespace
-
-// No stroke font is loaded here, and a style without its font is shown in a TrueType face.
 double DXF::GetTextWidth(const wchar_t* text, double height, double widthFactor,
                          const wchar_t* styleName) {
   if (text == nullptr) return 0;
-  const ACAD_STYLE* style = find_style(styleName);
-  const FaceFactors face = factors_of(style != nullptr ? style->m_szFont.view() : L"");
-  const double bytes = static_cast<double>(ansi_code_page().encode(text).size());
-  return bytes * face.size * height * std::fabs(widthFactor) * face.width / 2;
+  const double factor = std::fabs(widthFactor);
+  const ACAD_STYLE* style = styleName != nullptr ? find_style(styleName) : nullptr;
+  CString face;
+  if (IsTrueTypeStyle(style, face)) {
+    return GetObjectManager()->GetTTDraw()->GetTextWidth(text, height, factor, face);
+  }
+  // The low byte decides, whatever the high one: meant so.
+  const std::wstring_view words = text;
+  const bool wide =
+      std::any_of(words.begin(), words.end(), [](wchar_t c) { return (c & 0xFF) > 0xA0; });
+  const auto h = static_cast<float>(height), w = static_cast<float>(factor);
+  return wide ? G_ShapeFont.GetHzWidth(text, h, w) : G_ShapeFont.GetTxtWidth(text, h, w);
 }
 
 }  // namespace brindle

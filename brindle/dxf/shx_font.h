@@ -12,8 +12,6 @@
 namespace brindle {
 
 class CDC;
-class ShxPen;
-class ShxShape;
 
 // How the outline of a character lies, in units of the font's size, y up.
 struct POINTFLOAT {
@@ -98,16 +96,15 @@ class CShx {
       m_pHzHead;  // the file up to its shapes, or as far as single-byte shapes need it
 
  private:
-  struct Character;
+  static const float kUnknownWidth;
 
-  ShxShape small_shape(unsigned char byte) const;
-  bool next_character(char32_t c, Character& character) const;
-  void draw_shape(ShxPen& pen, const ShxShape& shape);
   float small_width(unsigned char byte);
-  float big_width(int trail, int lead);
-  void delete_lists();
+  float small_width(int offset);
+  float big_width(unsigned trail, unsigned lead);
+  void free_small_font();
+  void free_big_font();
 
-  // Widths of shapes in font units, not a number until they are asked for.
+  // Widths of shapes in font units, kUnknownWidth until they are asked for.
   std::vector<float> small_widths_;
   std::vector<float> big_widths_;
 };
