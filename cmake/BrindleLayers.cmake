@@ -60,6 +60,12 @@ function(brindle_add_layers)
     list(APPEND layers ${layer})
   endforeach()
   brindle_add_library(brindle brindle brindle ${layers})
+
+  # OpenGL 1.1 for scenes; EGL gives a context where there is no display.
+  find_package(OpenGL REQUIRED COMPONENTS OpenGL EGL)
+  target_link_libraries(brindle_platform_opengl PRIVATE OpenGL::GL OpenGL::EGL)
+  target_link_libraries(brindle_dxf PRIVATE OpenGL::GL)
+  target_link_libraries(brindle PRIVATE OpenGL::GL OpenGL::EGL)
   find_package(OpenGL REQUIRED COMPONENTS OpenGL)
   target_link_libraries(brindle PRIVATE OpenGL::OpenGL OpenGL::GLU)
 

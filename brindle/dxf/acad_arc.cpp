@@ -3,8 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "brindle/dxf/acad_ltype.h"
+#include "brindle/dxf/entity_drawing.h"
+#include "brindle/dxf/entity_opengl.h"
 #include "brindle/dxf/entity_points_internal.h"
 #include "brindle/dxf/entity_schema.h"
+#include "brindle/geometry/region.h"
+#include "brindle/sketch/canvas/safe_dc.h"
 
 namespace brindle::Varnholt {
 namespace {
@@ -15,6 +20,17 @@ template <class T>
 void transfer_points(ACAD_ARC& arc, const T* rot, const T* move, const T* scale) {
   ACAD_ENTITY::TransOne(arc.x, arc.y, arc.z, rot, move, scale);
   if (scale != nullptr) arc.m_dRadius *= scale[0];
+}
+
+ACAD_ARC seen_from(ACAD_ARC arc, double angle1, double angle2) {
+  project_point(arc.x, arc.y, arc.z, angle1, angle2);
+  return arc;
+}
+
+// The sweep in radians, one turn added to a negative one.
+double sweep_of(const ACAD_ARC& arc) {
+  const double sweep = (arc.m_dEndAngle - arc.m_dStartAngle) * kDegree;
+  return sweep < 0 ? sweep + 360 * kDegree : sweep;
 }
 
 // Direction of a multiple of 90 degrees, without rounding.
@@ -70,9 +86,50 @@ CFRect ACAD_ARC::GetFRect() {
 }
 
 CFRect ACAD_ARC::GetFRect3D(double angle1, double angle2) {
-  ACAD_ARC seen(*this);
-  project_point(seen.x, seen.y, seen.z, angle1, angle2);
-  return seen.GetFRect();
+  return seen_from(*this, angle1, angle2).GetFRect();
+}
+
+void ACAD_ARC::Draw(CDC* dc, CFCoor* coor, double dx, double dy) {
+  if (dc == nullptr || coor == nullptr) return;
+  CanvasScope scope(dc);
+  ACAD_LTYPE* const ltype = GetLType(m_szLType);
+  if (ltype == nullptr) return;
+  const auto point_at = [&](double angle) {
+    return to_device(coor, x + m_dRadius * std::cos(angle), y + m_dRadius * std::sin(angle), dx,
+                     dy);
+  };
+  const CRect box = circle_box(coor, x + dx, y + dy, m_dRadius);
+  const CPoint start = point_at(m_dStartAngle * kDegree), end = point_at(m_dEndAngle * kDegree);
+  {
+    const DashPattern dashes(*this, ltype, coor, m_dLtScale);
+    const PenStyleScope style(*this);
+    scope.canvas().PolyArc(&box, start, end, drawing_color(*this), dashes.count(), dashes.data(), 0,
+                           0);
+  }
+  if (m_bSelected == 0) return;
+  for (const CPoint at : {to_device(coor, x, y, dx, dy), start,
+                          point_at(m_dStartAngle * kDegree + sweep_of(*this) / 2), end}) {
+    draw_grip(dc, at);
+  }
+}
+
+void ACAD_ARC::Draw3D(CDC* dc, CFCoor* coor, double angle1, double angle2) {
+  seen_from(*this, angle1, angle2).Draw(dc, coor, 0, 0);
+}
+
+int ACAD_ARC::HitTest(const CFRegion& region, int mode, double angle1, double angle2) {
+  const ACAD_ARC seen = seen_from(*this, angle1, angle2);
+  const float sweep = static_cast<float>(sweep_of(seen));
+  if (sweep == 0) return 0;  // nothing there, and no straight section either
+  const CFPoint centre(static_cast<float>(seen.x), static_cast<float>(seen.y), 0);
+  const CFShape shape(centre, static_cast<float>(m_dRadius),
+                      static_cast<float>(m_dStartAngle * kDegree), sweep);
+  return hit_shape(shape, region, mode);
+}
+
+void ACAD_ARC::Draw3D_Opengl() {
+  scene_color(GetColorNew(m_nColor));
+  scene_arc({x, y, z}, m_dRadius, m_dStartAngle * kDegree, sweep_of(*this));
 }
 
 int ACAD_ARC::Transfer(double* rot, double* move, double* scale) {

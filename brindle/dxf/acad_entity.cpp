@@ -6,13 +6,17 @@
 
 #include "brindle/dxf/acad_block.h"
 #include "brindle/dxf/dxf.h"
+#include "brindle/dxf/entity_drawing.h"
 #include "brindle/dxf/entity_schema.h"
 #include "brindle/dxf/handle.h"
 #include "brindle/dxf/pair_reader.h"
 #include "brindle/frame/utility/tell_error.h"
 #include "brindle/geometry/coordinate_transform.h"
 #include "brindle/geometry/helpers.h"
+#include "brindle/geometry/region.h"
 #include "brindle/platform/graphics/acad_palette.h"
+#include "brindle/platform/graphics/dc.h"
+#include "brindle/sketch/canvas/safe_dc.h"
 
 namespace brindle::Varnholt {
 namespace {
@@ -182,8 +186,8 @@ void ACAD_ENTITY::Draw3D(CDC*, CFCoor*, double, double) {}
 int ACAD_ENTITY::HitTest(const CFRegion&, int, double, double) {
   return 0;
 }
-int ACAD_ENTITY::HitTest(const CFRect&, int, double, double) {
-  return 0;
+int ACAD_ENTITY::HitTest(const CFRect& rect, int mode, double angle1, double angle2) {
+  return HitTest(CFRegion(rect), mode, angle1, angle2);
 }
 int ACAD_ENTITY::Transfer(double*, double*, double*) {
   return 0;
@@ -235,7 +239,11 @@ COLORREF ACAD_ENTITY::GetColorNew(int index) const {
 }
 
 COLORREF ACAD_ENTITY::GetColor(int index) const {
-  return GetColorNew(index);
+  const CDC* const dc = shared_safe_dc().m_pDC;
+  const COLORREF color = GetColorNew(index);
+  if (dc == nullptr) return color;
+  if (is_metafile(dc)) return draws_black(dc) ? 0 : color;
+  return color == dc->GetBkColor() ? color ^ 0xffffff : color;
 }
 
 int* ACAD_ENTITY::LineType_FP2DP(ACAD_LTYPE* lt, CFCoor* coor, double scale, int& n) const {
@@ -245,9 +253,7 @@ int* ACAD_ENTITY::LineType_FP2DP(ACAD_LTYPE* lt, CFCoor* coor, double scale, int
   int* pixels = new int[static_cast<std::size_t>(n)];
   const double drawing_scale = m_pDxf != nullptr ? m_pDxf->m_dLtScale : 1.0;
   for (int i = 0; i < n; ++i) {
-    const double length = coor->FPtoDP(lt->m_dDash[i] * scale * drawing_scale);
-    const bool in_range = length > -2147483648.0 && length < 2147483648.0;  // false for NaN
-    pixels[i] = in_range ? static_cast<int>(length) : 0;
+    pixels[i] = length_to_pixels(coor->FPtoDP(lt->m_dDash[i] * scale * drawing_scale));
   }
   return pixels;
 }

@@ -12,6 +12,11 @@ class ACAD_LINE : public ACAD_ENTITY {
   int GetType() override { return kEntityLine; }
   CFRect GetFRect() override;
   CFRect GetFRect3D(double angle1, double angle2) override;
+  void Draw(CDC* dc, CFCoor* coor, double dx, double dy) override;
+  void Draw3D(CDC* dc, CFCoor* coor, double angle1, double angle2) override;
+  using ACAD_ENTITY::HitTest;
+  int HitTest(const CFRegion& region, int mode, double angle1, double angle2) override;
+  void Draw3D_Opengl() override;
   CFPoint Get_Max_Point() override;
   CFPoint Get_Min_Point() override;
   int Transfer(double* rot, double* move, double* scale) override;

@@ -122,7 +122,7 @@ bool ACAD_TEXT::IsEmpty() const {
 double ACAD_TEXT::GetWidth() const {
   if (m_pDxf == nullptr) return 0;
   std::wstring text(m_szText.view());
-  for (std::size_t at = 0; (at = text.find(L"%%", at)) != std::wstring::npos;) text.erase(at, 1);
+  reduce_percents(text);
   return m_pDxf->GetTextWidth(text.c_str(), m_dHeight, m_dWidthFactor, m_szStyle);
 }
 
@@ -158,11 +158,15 @@ CFRect ACAD_TEXT::GetFRect() {
                 *std::max_element(xs, xs + 4), *std::max_element(ys, ys + 4));
 }
 
-CFRect ACAD_TEXT::GetFRect3D(double angle1, double angle2) {
+ACAD_TEXT ACAD_TEXT::seen_from(double angle1, double angle2) const {
   ACAD_TEXT seen(*this);
   project_point(seen.x, seen.y, seen.z, angle1, angle2);
   project_point(seen.x2, seen.y2, seen.z2, angle1, angle2);
-  return seen.GetFRect();
+  return seen;
+}
+
+CFRect ACAD_TEXT::GetFRect3D(double angle1, double angle2) {
+  return seen_from(angle1, angle2).GetFRect();
 }
 
 int ACAD_TEXT::Transfer(double* rot, double* move, double* scale) {

@@ -15,6 +15,15 @@ class ACAD_TEXT : public ACAD_ENTITY {
   int GetType() override { return kEntityText; }
   CFRect GetFRect() override;
   CFRect GetFRect3D(double angle1, double angle2) override;
+  // Starts at the insertion point whatever the alignment: readers and pens resolve that before.
+  void Draw(CDC* dc, CFCoor* coor, double dx, double dy) override;
+  void Draw3D(CDC* dc, CFCoor* coor, double angle1, double angle2) override;
+  using ACAD_ENTITY::HitTest;
+  int HitTest(const CFRegion& region, int mode, double angle1, double angle2) override;
+  using ACAD_ENTITY::Draw3D_Opengl;
+  // The scene's form, in the outline font that CShx::FormTxtList has made; it lies in the world's
+  // xy plane. Nothing without a device.
+  void Draw3D_Opengl(CDC* dc);
   int Transfer(double* rot, double* move, double* scale) override;
   int Transfer(float* rot, float* move, float* scale) override;
   void Ini() override;
@@ -45,6 +54,10 @@ class ACAD_TEXT : public ACAD_ENTITY {
   double x2, y2, z2;         // alignment point
   int m_bOpaque;             // opaque background, drawn last
   int m_bItalic;
+
+ private:
+  // The text as it stands under two axonometric angles, z 0.
+  ACAD_TEXT seen_from(double angle1, double angle2) const;
 };
 
 }  // namespace brindle::Varnholt

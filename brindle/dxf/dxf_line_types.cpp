@@ -36,41 +36,53 @@ std::wstring without_line_end(std::wstring text) {
   return text;
 }
 
-// The numbers of an "A," line, split at commas and blanks.
-std::vector<double> dashes_of(const std::wstring& line) {
-  const wchar_t* const kSeparators = L", \t";
-  std::vector<double> dashes;
-  std::size_t at = line.find_first_not_of(kSeparators, 2);
-  while (at != std::wstring::npos) {
-    const std::size_t end = line.find_first_of(kSeparators, at);
-    dashes.push_back(parse_double(line.substr(at, end - at).c_str()));
-    at = line.find_first_not_of(kSeparators, end);
-  }
-  return dashes;
-}
-
 }  // namespace
 
 const CString& last_line_type_file() {
   return g_line_type_file;
 }
 
-bool read_line_type(FILE* file, const wchar_t* name, LineTypeDefinition& definition) {
+void remember_line_type_file(const wchar_t* file) {
+  g_line_type_file = file;
+}
+
+std::vector<double> line_type_dashes(const std::wstring& pattern) {
+  const wchar_t* const kSeparators = L", \t";
+  std::vector<double> dashes;
+  std::size_t at = pattern.find_first_not_of(kSeparators, 2);
+  while (at != std::wstring::npos) {
+    const std::size_t end = pattern.find_first_of(kSeparators, at);
+    dashes.push_back(parse_double(pattern.substr(at, end - at).c_str()));
+    at = pattern.find_first_not_of(kSeparators, end);
+  }
+  return dashes;
+}
+
+bool find_line_type(FILE* file, const wchar_t* name, bool ignore_case, std::wstring& description,
+                    std::wstring& pattern) {
   wchar_t line[kLineBuffer];
   while (next_line(file, line)) {
     if (line[0] != L'*') continue;
     wchar_t found[100];
     JSVsscanf::vsscanf(line + 1, L"%s", found);
     const std::wstring header = without_line_end(found);
-    if (header != name) continue;
+    if (ignore_case ? _wcsicmp(header.c_str(), name) != 0 : header != name) continue;
     const std::wstring text = without_line_end(line);
     const std::size_t comma = text.find(L',');
-    definition.description = comma == std::wstring::npos ? L"" : text.substr(comma + 1);
-    if (!next_line(file, line) || std::wcsncmp(line, L"A,", 2) != 0) return false;
-    definition.dashes = dashes_of(without_line_end(line));
-    return true;
+    description = comma == std::wstring::npos ? L"" : text.substr(comma + 1);
+    if (!next_line(file, line)) return false;
+    pattern = without_line_end(line);
+    const wchar_t first = ignore_case && pattern.starts_with(L'a') ? L'A' : pattern[0];
+    return first == L'A' && pattern.size() > 1 && pattern[1] == L',';
   }
   return false;
+}
+
+bool read_line_type(FILE* file, const wchar_t* name, LineTypeDefinition& definition) {
+  std::wstring pattern;
+  if (!find_line_type(file, name, false, definition.description, pattern)) return false;
+  definition.dashes = line_type_dashes(pattern);
+  return true;
 }
 
 ACAD_LTYPE* DXF::Add_LType(const wchar_t* file, const wchar_t* name) {

@@ -71,6 +71,8 @@ COLORREF drawing_color(const ACAD_ENTITY& entity, int index);
 
 // A world point, shifted and cut to single precision, in pixels (FP2toDP: without projection).
 CPoint to_device(const CFCoor* coor, double x, double y, double dx, double dy);
+// The box of a circle in pixels.
+CRect circle_box(const CFCoor* coor, double x, double y, double radius);
 // A world length in pixels cut to a whole number; 0 for NaN, the nearest int beyond an int's range.
 int length_to_pixels(double pixels);
 

@@ -11,6 +11,8 @@ struct ScenePoint {
   double x = 0, y = 0, z = 0;
 };
 
+// The point in the scene.
+ScenePoint to_scene(const ScenePoint& at);
 // Sets the current colour and turns lighting off.
 void scene_color(COLORREF color);
 // A point of 2 pixels, smooth.
@@ -22,5 +24,9 @@ void scene_polygon(const ScenePoint* points, int n);
 // An arc about a centre in its plane z, from `start` by `sweep` (radians), in short lines. A sweep
 // of a full turn gives a closed ring.
 void scene_arc(const ScenePoint& centre, double radius, double start, double sweep);
+
+// Between the two, the scene's x and y are the world's, from a world point on; scene units.
+void scene_enter_plane(const ScenePoint& at);
+void scene_leave_plane();
 
 }  // namespace brindle::Varnholt

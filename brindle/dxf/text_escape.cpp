@@ -45,4 +45,8 @@ void escape_steel_grades(std::wstring_view text, std::wstring& file_text) {
   }
 }
 
+void reduce_percents(std::wstring& text) {
+  for (std::size_t at = 0; (at = text.find(L"%%", at)) != std::wstring::npos;) text.erase(at, 1);
+}
+
 }  // namespace brindle

@@ -13,4 +13,7 @@ void unescape_steel_grades(std::wstring_view file_text, std::wstring& text);
 // The reverse: each character of code 130 to 143 becomes "%%" and its three digits.
 void escape_steel_grades(std::wstring_view text, std::wstring& file_text);
 
+// What is shown: "%%" becomes "%", over and over until none remains.
+void reduce_percents(std::wstring& text);
+
 }  // namespace brindle
