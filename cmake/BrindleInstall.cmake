@@ -1,5 +1,5 @@
-# What `cmake --install` puts in place: public headers, libraries, programs of apps/, the CMake package
-# and the pkg-config files.
+# What `cmake --install` puts in place: public headers, libraries, programs of apps/, assets, the CMake
+# package and the pkg-config files.
 include(CMakePackageConfigHelpers)
 
 # <name>.pc; PC_REQUIRES and PC_DESCRIPTION are the caller's. Paths are relative to the file, so that
@@ -32,6 +32,8 @@ function(brindle_install)
   endif()
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/brindle DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           FILES_MATCHING PATTERN *.h ${hidden})
+  # Fonts, line types and hatch patterns, each with its licence.
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/assets DESTINATION ${CMAKE_INSTALL_DATADIR}/brindle)
 
   set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/brindle)
   install(EXPORT brindleTargets NAMESPACE brindle:: DESTINATION ${package_dir})
