@@ -60,6 +60,9 @@ function(brindle_add_layers)
     list(APPEND layers ${layer})
   endforeach()
   brindle_add_library(brindle brindle brindle ${layers})
+  find_package(PNG REQUIRED)
+  target_link_libraries(brindle_platform_graphics PRIVATE PNG::PNG)
+  target_link_libraries(brindle PRIVATE PNG::PNG)
 
   # OpenGL 1.1 for scenes; EGL gives a context where there is no display.
   find_package(OpenGL REQUIRED COMPONENTS OpenGL EGL)
