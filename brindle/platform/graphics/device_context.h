@@ -44,13 +44,13 @@ struct DrawingState {
   int arc_direction = AD_COUNTERCLOCKWISE;
   CSize aspect;
   std::shared_ptr<const RegionData> clip;  // device units; paint.clip points into it
+  std::shared_ptr<RasterBitmap> pixels;    // of a memory device context: the bitmap drawn on
   SelectedObject pen, brush, font, bitmap;
 };
 
 struct DeviceContext {
   PaintDevice* device = nullptr;  // null when the context draws on nothing
   std::unique_ptr<PaintDevice> own_device;
-  std::shared_ptr<RasterBitmap> pixels;  // of a memory device context: the bitmap selected
   bool is_memory = false;
   DrawingState now;
   std::vector<DrawingState> saved;
@@ -66,6 +66,7 @@ struct DeviceContext {
   void select(CFont& font);
   // Memory device contexts only.
   bool select(CBitmap& bitmap);
+  void restore(size_t level);
   // The object selected; one of the context's own when the user's has gone.
   CPen* pen();
   CBrush* brush();
