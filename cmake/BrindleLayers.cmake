@@ -64,6 +64,10 @@ function(brindle_add_layers)
   target_link_libraries(brindle_platform_graphics PRIVATE PNG::PNG)
   target_link_libraries(brindle PRIVATE PNG::PNG)
 
+  # The assets of the source tree serve programs that run from the build tree.
+  set_source_files_properties(${PROJECT_SOURCE_DIR}/brindle/platform/base/assets.cpp PROPERTIES
+    COMPILE_DEFINITIONS "BRINDLE_SOURCE_ASSETS=\"${PROJECT_SOURCE_DIR}/assets\"")
+
   # OpenGL 1.1 for scenes; EGL gives a context where there is no display.
   find_package(OpenGL REQUIRED COMPONENTS OpenGL EGL)
   target_link_libraries(brindle_platform_opengl PRIVATE OpenGL::GL OpenGL::EGL)
