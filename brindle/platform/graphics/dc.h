@@ -2,6 +2,8 @@
 // are selected, on a PaintDevice.
 #pragma once
 
+#include <utility>
+
 #include "brindle/platform/base/object.h"
 #include "brindle/platform/base/string.h"
 #include "brindle/platform/graphics/device_context.h"
@@ -132,7 +134,14 @@ class CDC : public CObject {
     return std::exchange(m_hDC->now.position, CPoint(x, y));
   }
   CPoint MoveTo(const POINT& point) { return MoveTo(point.x, point.y); }
-  BOOL LineTo(int x, int y);
+  BOOL LineTo(int x, int y) {
+    if (device() == nullptr) return FALSE;
+    DrawingState& now = m_hDC->now;
+    const CPoint to(x, y);
+    m_hDC->device->line(now.paint, now.map.to_device(now.position), now.map.to_device(to));
+    now.position = to;
+    return TRUE;
+  }
   BOOL LineTo(const POINT& point) { return LineTo(point.x, point.y); }
   BOOL Polyline(const POINT* points, int count);
   BOOL PolylineTo(const POINT* points, int count);
@@ -238,8 +247,6 @@ class CDC : public CObject {
 
  private:
   BOOL arc(PaintDevice::ArcForm form, const CRect& box, CPoint start, CPoint end);
-  template <class Action>
-  BOOL with_brush(const CBrush* brush, Action action);
 };
 
 }  // namespace brindle

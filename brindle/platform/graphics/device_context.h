@@ -12,7 +12,7 @@
 namespace brindle {
 
 // How logical units become device units: (p - window_org) * viewport_ext / window_ext +
-// viewport_org, rounded to the nearest, the extents taken as 1 in MM_TEXT.
+// viewport_org, rounded to the nearest, the extents taken as 1 in MM_TEXT. No extent is 0.
 struct CoordinateMap {
   int mode = MM_TEXT;
   CPoint window_org, viewport_org;
@@ -28,6 +28,8 @@ struct CoordinateMap {
   // A length along x or y in device units, with its sign.
   int width_to_device(int width) const;
   int height_to_device(int height) const;
+  int width_to_logical(int width) const;
+  int height_to_logical(int height) const;
   bool operator==(const CoordinateMap&) const = default;
 
  private:
@@ -42,7 +44,6 @@ struct DrawingState {
   int pen_width = 1;  // logical units, as the pen was made
   int font_height = 0, font_width = 0;
   int arc_direction = AD_COUNTERCLOCKWISE;
-  CSize aspect;
   std::shared_ptr<const RegionData> clip;  // device units; paint.clip points into it
   std::shared_ptr<RasterBitmap> pixels;    // of a memory device context: the bitmap drawn on
   SelectedObject pen, brush, font, bitmap;

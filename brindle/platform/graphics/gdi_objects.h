@@ -127,6 +127,10 @@ class CBrush : public CGdiObject {
   BOOL DeleteObject() override;
   int GetObject(int count, void* out) const override;
   const BrushData& data() const { return data_; }
+  void set_data(BrushData data) {
+    data_ = std::move(data);
+    made();
+  }
   operator HBRUSH() const { return reinterpret_cast<HBRUSH>(m_hObject); }
   static CBrush* FromHandle(HBRUSH handle) { return reinterpret_cast<CBrush*>(handle); }
 
