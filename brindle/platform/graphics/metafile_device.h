@@ -9,6 +9,7 @@
 
 namespace brindle {
 
+struct FileExtent;
 class MetafileRecords;
 class MetafileRecorder;
 
@@ -63,8 +64,7 @@ class MetafileDevice : public FileDevice {
 
  private:
   std::wstring path_;
-  CSize size_;
-  double dpi_;
+  std::unique_ptr<FileExtent> extent_;
   std::unique_ptr<MetafileRecorder> recorder_;
   bool finished_ = false;
 };
