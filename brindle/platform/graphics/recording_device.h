@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -99,6 +98,7 @@ class RecordingDevice : public PaintDevice {
 
  private:
   RecordedCall& add(RecordedCall::Kind kind, const PaintState& state);
+  static void replay(const RecordedCall& call, PaintDevice& device);
 
   std::vector<RecordedCall> calls_;
   CSize size_;
