@@ -9,10 +9,6 @@
 #include "brindle/platform/base/array.h"
 #include "brindle/platform/base/list.h"
 
-namespace brindle {
-class CRgn;
-}
-
 namespace brindle::Varnholt {
 
 // In an R12 file a hatch stands in the AC1015 form, subclass markers included, with its extended
@@ -109,17 +105,14 @@ class ACAD_HATCH : public ACAD_ENTITY {
   double m_dPixelSize;        // kept, without effect
 
  private:
-  struct Rings;
+  using Ring = std::vector<HatchPoint>;
 
   void delete_lists();
-  void copy_lists(const ACAD_HATCH& other);
-  // The paths as chains of points; `view` projects them.
-  Rings rings(const Flattening& how) const;
-  Rings rings_seen_from(double angle1, double angle2) const;
-  static CFRect box_of(const Rings& rings);
-  void draw_rings(CDC* dc, CFCoor* coor, const Rings& rings, double dx, double dy) const;
-  bool select_area(CRgn& area, CDC* dc, CFCoor* coor, const Rings& rings, double dx,
-                   double dy) const;
+  // The paths as rings of points, world units.
+  std::vector<Ring> rings(const Flattening& how) const;
+  std::vector<Ring> rings_seen_from(double angle1, double angle2, const Flattening& how) const;
+  void draw_rings(CDC* dc, CFCoor* coor, const std::vector<Ring>& rings, double dx,
+                  double dy) const;
   template <class T>
   int transfer(const T* rot, const T* move, const T* scale);
 };

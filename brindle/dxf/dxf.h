@@ -317,6 +317,9 @@ class DXF {
                                           int flags, const T* startWidth, const T* endWidth,
                                           double ltScale, const wchar_t* layer,
                                           const wchar_t* colour, const wchar_t* ltype);
+  template <class Entity>
+  Entity* write_corners(int kind, const double (&at)[12], const wchar_t* layer,
+                        const wchar_t* colour, const wchar_t* ltype);
   template <class T>
   Varnholt::ACAD_HATCH* write_hatch(const CArray<T>& x, const CArray<T>& y, const CArray<T>& bulge,
                                     const wchar_t* patternFile, const wchar_t* patternName,

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "brindle/dxf/hatch_edge.h"
@@ -43,10 +44,13 @@ class HATCH_BOUNDARY_DATA {
   int m_bClosed = 1;
   std::vector<HatchVertex> m_Vertices;                    // of the polyline form
   std::vector<std::unique_ptr<HATCH_EDGE_DATA>> m_Edges;  // of the other form
-  std::vector<unsigned> m_Sources;                        // handles of what the path was taken from
+  std::vector<std::string> m_Sources;  // handles of what the path was taken from, as in the file
 
  private:
   bool take_polyline(const DxfPair& pair);
+  bool take_edge(const DxfPair& pair);
+
+  bool unknown_edge_ = false;  // the pairs of an edge of no known kind are passed over
 };
 
 }  // namespace brindle::Varnholt

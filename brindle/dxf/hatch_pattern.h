@@ -28,6 +28,8 @@ class HATCH_PATTERN_DATA {
   // To be called behind the last pair: turns the offsets into the frame of the lines.
   void finish_reading();
   void write_to(DxfPairWriter& writer) const;
+  // Turns the family about its origin and scales it.
+  void transform(double degrees, double factor);
 
   double m_dAngle = 0;  // degrees
   double m_dBaseX = 0, m_dBaseY = 0;

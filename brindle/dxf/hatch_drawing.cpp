@@ -1,0 +1,142 @@
+#include <algorithm>
+#include <cmath>
+
+#include "brindle/dxf/acad_hatch.h"
+#include "brindle/dxf/hatch_drawing_internal.h"
+#include "brindle/platform/graphics/dc.h"
+
+namespace brindle::Varnholt {
+namespace {
+
+constexpr double kDegree = 3.14159265358979323846 / 180;
+// Lines of one family, and dashes of one line, that a device shows at most.
+constexpr double kMostRows = 20000;
+constexpr double kMostDashes = 50000;
+// Below so many pixels the dashes of a pattern run together.
+constexpr double kLeastPatternPixels = 2;
+
+PlaneBox common_part(PlaneBox a, const PlaneBox& b) {
+  a.left = std::max(a.left, b.left);
+  a.right = std::min(a.right, b.right);
+  a.bottom = std::max(a.bottom, b.bottom);
+  a.top = std::min(a.top, b.top);
+  return a;
+}
+
+// Cuts the range of t in which at + t * step lies between two bounds.
+void cut_range(double at, double step, double low, double high, double& first, double& last) {
+  if (step == 0) {
+    if (!(at >= low && at <= high)) last = first - 1;
+    return;
+  }
+  const double a = (low - at) / step, b = (high - at) / step;
+  first = std::max(first, std::min(a, b));
+  last = std::min(last, std::max(a, b));
+}
+
+}  // namespace
+
+// The visible piece of a line: from `first` to `last` along it, and where its ends are.
+struct HatchLines::Way {
+  double first, last;
+  CPoint from, to;
+
+  CPoint at(double t) const {
+    const double part = (t - first) / (last - first);
+    return CPoint(ACAD_HATCH::Cell(from.x + (static_cast<double>(to.x) - from.x) * part),
+                  ACAD_HATCH::Cell(from.y + (static_cast<double>(to.y) - from.y) * part));
+  }
+};
+
+HatchLines::HatchLines(CDC* dc, const CFCoor* coor, const PlaneBox& box, double dx, double dy)
+    : dc_(dc), area_(dc, coor, dx, dy), box_(common_part(box, area_.world())) {}
+
+void HatchLines::draw_family(const HATCH_PATTERN_DATA& family, double x, double y) {
+  const double angle = family.m_dAngle * kDegree;
+  const double sine = std::sin(angle), cosine = std::cos(angle);
+  const double spacing = std::fabs(family.m_dOffsetY);
+  if (box_.empty() || !std::isfinite(x + y + sine)) return;
+  if (!(spacing > 0)) {
+    draw_line(family, x, y, angle);
+    return;
+  }
+  // How far the box reaches from the point across the lines, in their order.
+  double low = 0, high = 0;
+  bool any = false;
+  for (double corner_x : {box_.left, box_.right}) {
+    for (double corner_y : {box_.bottom, box_.top}) {
+      const double across = (corner_x - x) * sine - (corner_y - y) * cosine;
+      low = any ? std::min(low, across) : across;
+      high = any ? std::max(high, across) : across;
+      any = true;
+    }
+  }
+  double every = 1;
+  if (spacing < area_.pixel()) every = std::ceil(area_.pixel() / spacing);
+  every = std::max(every, std::ceil((high - low) / spacing / kMostRows));
+  const double first = std::ceil(low / spacing / every), last = std::floor(high / spacing / every);
+  if (!(std::fabs(first) < 1e15 && std::fabs(last) < 1e15)) return;
+  const double shift = family.m_dOffsetY > 0 ? -family.m_dOffsetX : family.m_dOffsetX;
+  for (double i = first; i <= last && strokes_left_ > 0; ++i) {
+    const double row = i * every;
+    draw_line(family, x + sine * row * spacing + cosine * row * shift,
+              y - cosine * row * spacing + sine * row * shift, angle);
+  }
+}
+
+void HatchLines::draw_line(const HATCH_PATTERN_DATA& family, double x, double y, double angle) {
+  double step_x = std::cos(angle), step_y = std::sin(angle);
+  // A line along an axis must not leave the box by rounding.
+  if (std::fabs(step_x) < 1e-12) step_x = 0;
+  if (std::fabs(step_y) < 1e-12) step_y = 0;
+  Way way{-1e300, 1e300, {}, {}};
+  if (box_.empty() || !std::isfinite(x + y + step_x)) return;
+  cut_range(x, step_x, box_.left, box_.right, way.first, way.last);
+  cut_range(y, step_y, box_.bottom, box_.top, way.first, way.last);
+  if (!(way.first < way.last) || !std::isfinite(way.last - way.first)) return;
+  way.from = area_.to_device({x + step_x * way.first, y + step_y * way.first});
+  way.to = area_.to_device({x + step_x * way.last, y + step_y * way.last});
+  double pattern_length = 0;
+  for (double dash : family.m_Dashes) pattern_length += std::fabs(dash);
+  if (is_solid(family, pattern_length, way.last - way.first)) {
+    stroke(way.from, way.to);
+  } else {
+    draw_dashes(family, pattern_length, way);
+  }
+}
+
+bool HatchLines::is_solid(const HATCH_PATTERN_DATA& family, double pattern_length,
+                          double length) const {
+  const auto dashes = static_cast<double>(family.m_Dashes.size());
+  return dashes == 0 || !(pattern_length >= kLeastPatternPixels * area_.pixel()) ||
+         !(length / pattern_length * dashes < kMostDashes);
+}
+
+void HatchLines::draw_dashes(const HATCH_PATTERN_DATA& family, double pattern_length,
+                             const Way& way) {
+  double round = std::floor(way.first / pattern_length);
+  if (!(std::fabs(round) < 1e15)) return;
+  for (; strokes_left_ > 0; ++round) {
+    double from = round * pattern_length;
+    if (!(from < way.last)) return;
+    for (double dash : family.m_Dashes) {
+      const double to = from + std::fabs(dash);
+      --strokes_left_;
+      if (dash == 0 && from >= way.first && from <= way.last) {
+        const CPoint dot = way.at(from);
+        stroke(dot, CPoint(wrap_add(dot.x, 1), dot.y));
+      } else if (dash > 0 && to > way.first && from < way.last) {
+        stroke(way.at(std::max(from, way.first)), way.at(std::min(to, way.last)));
+      }
+      from = to;
+    }
+  }
+}
+
+void HatchLines::stroke(CPoint from, CPoint to) {
+  --strokes_left_;
+  dc_->MoveTo(from);
+  dc_->LineTo(to);
+}
+
+}  // namespace brindle::Varnholt
