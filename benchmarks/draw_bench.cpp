@@ -1,0 +1,239 @@
+// Pictures of large drawings on the raster device, against a bare loop over the segments that they
+// consist of, and against QPainter; and the index's part in a small view.
+//
+//   bench_draw [COUNT]    lines of the first drawing, 1,000,000 without an argument; the drawing of
+//                         mixed entities has a tenth of it
+//
+// The picture is 1600 by 1000 pixels, the drawing 16000 by 10000 units. The bare loop draws all
+// segments in one colour by the raster device's own routine; QPainter draws them one by one, not
+// antialiased, with a new pen where the colour changes. A number is the least of several rounds in
+// which all sides take turns.
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <iterator>
+#include <random>
+#include <string>
+#include <vector>
+
+#ifdef BRINDLE_BENCH_QT
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
+#endif
+
+#include "benchmarks/support/child_run.h"
+#include "benchmarks/support/drawn_segments.h"
+#include "brindle/dxf/dxf.h"
+#include "brindle/dxf/shx_font.h"
+#include "brindle/geometry/coordinate_transform.h"
+#include "brindle/platform/base/stream.h"
+#include "brindle/platform/graphics/dc.h"
+#include "brindle/platform/graphics/system_metrics.h"
+
+namespace {
+
+using namespace brindle;
+using benchmarks::seconds_now;
+using benchmarks::SegmentCollector;
+
+constexpr int kWidth = 1600, kHeight = 1000;
+constexpr double kUnitsPerPixel = 10;
+constexpr const wchar_t* kLayers[] = {L"AXIS",  L"WALL",  L"BEAM",   L"COLUMN",
+                                      L"STEEL", L"NOTES", L"HIDDEN", L"DIM1"};
+
+// Entities at random places, of sizes in pixels.
+class DrawingMaker {
+ public:
+  explicit DrawingMaker(DXF& drawing) : drawing_(drawing) {
+    drawing.New_MemDxf();
+    int color = 0;
+    for (const wchar_t* layer : kLayers) drawing.Add_Layer(layer, ++color, L"CONTINUOUS");
+    const float dashed[] = {60, -30}, centre[] = {120, -30, 0, -30};
+    drawing.Add_LType(L"DASHED", L"- - -", 2, 90, dashed, 1);
+    drawing.Add_LType(L"CENTRE", L"- . -", 4, 180, centre, 1);
+    drawing.Add_STyle(L"SHX", L"txt", L"hztxt", 0, 0.7);
+  }
+
+  void add_line(double least_px, double most_px, const wchar_t* ltype = L"BYLAYER") {
+    const double length = between(least_px, most_px) * kUnitsPerPixel;
+    const double angle = between(0, 6.2831853), x = any_x(), y = any_y();
+    drawing_.Write_Line(x, y, 0, x + length * std::cos(angle), y + length * std::sin(angle), 0, 1,
+                        layer(), L"BYLAYER", ltype);
+  }
+  void add_circle() {
+    drawing_.Write_Circle(any_x(), any_y(), 0, radius(), 1, layer(), L"BYLAYER", L"BYLAYER");
+  }
+  void add_arc() {
+    const double start = between(0, 360);
+    drawing_.Write_Arc(any_x(), any_y(), 0, radius(), start, start + between(30, 300), 1, layer(),
+                       L"BYLAYER", L"BYLAYER");
+  }
+  void add_polyline() {
+    double x[5], y[5], zero[5] = {}, bulge[5] = {0, 0.5, 0, -0.3, 0};
+    x[0] = any_x(), y[0] = any_y();
+    for (int i = 1; i < 5; ++i) {
+      x[i] = x[i - 1] + between(-40, 40) * kUnitsPerPixel;
+      y[i] = y[i - 1] + between(-40, 40) * kUnitsPerPixel;
+    }
+    drawing_.Write_Pline(5, x, y, zero, bulge, 0, zero, zero, 1, layer(), L"BYLAYER", L"BYLAYER");
+  }
+  void add_text() {
+    static constexpr const wchar_t* kTexts[] = {L"KL-3(2) 250x550", L"4%%13225",   L"主梁配筋图",
+                                                L"+3.600",          L"C30 混凝土", L"8@100/200"};
+    drawing_.Write_Text(any_x(), any_y(), 0, between(8, 16) * kUnitsPerPixel,
+                        between(0, 1) < 0.5 ? 0 : 90, kTexts[random_() % std::size(kTexts)], L"SHX",
+                        layer(), L"BYLAYER", L"BYLAYER");
+  }
+  void add_mixed(int i) {
+    switch (i % 10) {
+      case 0:
+        return add_circle();
+      case 1:
+        return add_arc();
+      case 2:
+        return add_polyline();
+      case 3:
+        return add_text();
+      case 4:
+        return add_line(20, 100, i % 20 < 10 ? L"DASHED" : L"CENTRE");
+      default:
+        return add_line(5, 60);
+    }
+  }
+
+ private:
+  double between(double low, double high) {
+    return low + (high - low) * (static_cast<double>(random_() >> 11) * 0x1p-53);
+  }
+  double any_x() { return between(0, kWidth * kUnitsPerPixel); }
+  double any_y() { return between(0, kHeight * kUnitsPerPixel); }
+  double radius() { return between(4, 40) * kUnitsPerPixel; }
+  const wchar_t* layer() { return kLayers[random_() % std::size(kLayers)]; }
+
+  DXF& drawing_;
+  std::mt19937_64 random_{7};
+};
+
+double timed(const std::function<void()>& work) {
+  const double start = seconds_now();
+  work();
+  return seconds_now() - start;
+}
+
+// The least times of works that take turns.
+std::vector<double> least_times(int rounds, const std::vector<std::function<void()>>& works) {
+  std::vector<double> best(works.size(), HUGE_VAL);
+  for (int k = 0; k < rounds; ++k) {
+    for (std::size_t i = 0; i < works.size(); ++i) best[i] = std::min(best[i], timed(works[i]));
+  }
+  return best;
+}
+
+// The view of the whole drawing, or `zoom` times as large of its middle.
+CFCoor view_of(float zoom) {
+  const auto middle_x = static_cast<float>(kWidth * kUnitsPerPixel / 2);
+  const auto middle_y = static_cast<float>(kHeight * kUnitsPerPixel / 2);
+  CFCoor coor;
+  coor.Init({middle_x - middle_x / zoom, middle_y + middle_y / zoom, 0},
+            static_cast<float>(zoom / kUnitsPerPixel), 1);
+  return coor;
+}
+
+#ifdef BRINDLE_BENCH_QT
+constexpr bool kHasQt = true;
+void draw_with_qpainter(const SegmentCollector& drawn) {
+  static QImage image(kWidth, kHeight, QImage::Format_RGB32);
+  QPainter painter(&image);
+  COLORREF last = CLR_INVALID;
+  for (std::size_t i = 0; i < drawn.segments().size(); ++i) {
+    const Segment& s = drawn.segments()[i];
+    const COLORREF color = drawn.colors()[i];
+    if (color != last) {
+      painter.setPen(QColor(GetRValue(color), GetGValue(color), GetBValue(color)));
+      last = color;
+    }
+    painter.drawLine(s.from.x, s.from.y, s.to.x, s.to.y);
+  }
+}
+#else
+constexpr bool kHasQt = false;
+void draw_with_qpainter(const SegmentCollector&) {}
+#endif
+
+void print_time(const char* what, double seconds) {
+  std::printf("  %-58s %11.2f ms\n", what, seconds * 1e3);
+}
+
+void print_ratio(const char* what, double ratio, const char* wanted) {
+  std::printf("  %-58s %11.3f     %s\n", what, ratio, wanted);
+}
+
+// The rows of a drawing; returns whether a bare loop could be made of it.
+bool print_drawing(const char* name, DXF& drawing, const char* wanted, int rounds, bool zooms) {
+  CFCoor whole = view_of(1), part = view_of(10);
+  const CRect screen(0, 0, kWidth, kHeight);
+  SegmentCollector drawn;
+  {
+    CDC dc(drawn);
+    drawing.Draw(&dc, &whole, screen);
+  }
+  std::printf("%s: %zu segments\n", name, drawn.segments().size());
+  if (drawn.others() != 0 || drawn.segments().empty()) {
+    std::fprintf(stderr, "%ld figures besides\n", drawn.others());
+    return false;
+  }
+  RasterDevice device(kWidth, kHeight);
+  CDC dc(device);
+  RasterBitmap bare;
+  bare.create(kWidth, kHeight);
+  const auto draw = [&] { drawing.Draw(&dc, &whole, screen); };
+  const auto loop = [&] {
+    draw_segments(bare, drawn.segments().data(), drawn.segments().size(), 0xff);
+  };
+  const auto best = least_times(rounds, {draw, loop, [&] { draw_with_qpainter(drawn); }});
+  print_time("bare loop over the segments", best[1]);
+  print_time("DXF::Draw", best[0]);
+  print_ratio("DXF::Draw / bare loop", best[0] / best[1], wanted);
+  if (kHasQt) {
+    print_time("QPainter, one at a time", best[2]);
+    print_ratio("DXF::Draw / QPainter", best[0] / best[2], "<= 0.5");
+  }
+  if (!zooms) return true;
+  drawing.CreateQuadTree();
+  const auto indexed = least_times(rounds, {draw, [&] { drawing.Draw(&dc, &part, screen); }});
+  print_time("DXF::Draw with the index", indexed[0]);
+  print_time("DXF::Draw of 1 percent of the area with the index", indexed[1]);
+  print_ratio("1 percent of the area / full picture", indexed[1] / best[0], "<= 0.04");
+  return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const int count = argc > 1 ? std::atoi(argv[1]) : 1000000;
+  if (count < 100) {
+    std::fprintf(stderr, "usage: bench_draw [COUNT]\n");
+    return 2;
+  }
+  set_screen_size(kWidth, kHeight);
+  if (!LoadShx(from_path(BRINDLE_SOURCE_DIR "/assets/fonts/").c_str())) {
+    std::fprintf(stderr, "the fonts can't be loaded: texts are left out\n");
+  }
+  bool whole = true;
+  {
+    DXF lines;
+    DrawingMaker maker(lines);
+    for (int i = 0; i < count; ++i) maker.add_line(5, 60);
+    whole = print_drawing("lines", lines, "<= 4", 7, true) && whole;
+  }
+  {
+    DXF mixed;
+    DrawingMaker maker(mixed);
+    for (int i = 0; i < count / 10; ++i) maker.add_mixed(i);
+    whole = print_drawing("mixed entities", mixed, "<= 3", 9, true) && whole;
+  }
+  if (!kHasQt) std::printf("Qt isn't installed: the rows of QPainter are left out\n");
+  return whole ? 0 : 1;
+}
