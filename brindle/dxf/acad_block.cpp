@@ -77,24 +77,53 @@ int ACAD_BLOCK::read_from(DxfPairReader& reader) {
   return 1;
 }
 
-void ACAD_BLOCK::read_entities(DxfPairReader& reader) {
+ACAD_ENTITY* ACAD_BLOCK::scratch_entity(int kind) {
+  const EntityKind* known = find_entity_kind(kind);
+  if (known == nullptr || known->keyword.empty()) return nullptr;
+  if (scratch_.empty()) scratch_.resize(kEntityNone);
+  std::unique_ptr<ACAD_ENTITY>& scratch = scratch_[static_cast<std::size_t>(kind)];
+  if (scratch == nullptr) scratch.reset(known->create());
+  return scratch.get();
+}
+
+int ACAD_BLOCK::read_one_entity(DxfPairReader& reader) {
   DxfPair pair;
   while (reader.read(pair)) {
     if (pair.code != 0) continue;
-    if (pair.value.is("ENDBLK")) return;
+    if (pair.value.is("ENDBLK")) return kEntityEndOfSection;
     if (pair.value.is("ENDSEC") || pair.value.is("EOF") || pair.value.is("BLOCK")) {
       reader.unread();  // a block that was never closed
-      return;
+      return kEntityEndOfSection;
     }
     const EntityKind* kind = find_entity_kind(pair.value.bytes);
     if (kind == nullptr) continue;
     reader.unread();
-    std::unique_ptr<ACAD_ENTITY> entity(kind->create());
-    if (entity->read_from(reader) == 0) return;
-    entity->m_pDxf = m_pDxf;
-    entity->finish_reading();
-    m_Entities.AddTail(entity.release());
+    ACAD_ENTITY* scratch = scratch_entity(kind->type);
+    if (scratch->read_from(reader) == 0) return kEntityNone;
+    scratch->m_pDxf = m_pDxf;
+    scratch->finish_reading();
+    return kind->type;
   }
+  return kEntityEndOfSection;
+}
+
+int ACAD_BLOCK::Read_One_Entity(FILE* stream) {
+  if (stream == nullptr) return kEntityNone;
+  DxfPairReader reader(stream, ansi_code_page());
+  const int kind = read_one_entity(reader);
+  reader.sync_stream();
+  return kind;
+}
+
+void ACAD_BLOCK::read_entities(DxfPairReader& reader) {
+  for (;;) {
+    const int kind = read_one_entity(reader);
+    if (kind >= kEntityNone) break;
+    std::unique_ptr<ACAD_ENTITY> copy(scratch_entity(kind)->Clone());
+    m_Entities.AddTail(copy.get());
+    copy.release();
+  }
+  scratch_.clear();
 }
 
 void ACAD_BLOCK::write_entities(DxfPairWriter& writer, DxfDialect dialect, std::uint32_t* counter) {

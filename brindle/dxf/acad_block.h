@@ -1,6 +1,9 @@
 // A block: a named list of entities, which it owns.
 #pragma once
 
+#include <memory>
+#include <vector>
+
 #include "brindle/dxf/acad_entity.h"
 #include "brindle/platform/base/list.h"
 
@@ -28,6 +31,12 @@ class ACAD_BLOCK : public ACAD_ENTITY {
   void write_to(DxfPairWriter& writer, DxfDialect dialect) override;
   void write_ac1015(DxfPairWriter& writer, std::uint32_t& counter);
   const EntitySchema* schema() const override;
+  // Reads the next entity of a block from the stream's position into scratch_entity(kind) and gives
+  // its kind; 14 at the end of the block or of the file, 13 for one that can't be read.
+  int Read_One_Entity(FILE* stream);
+  // The object that reading an entity of a kind fills, made when it is first asked for; null for a
+  // kind that no file has. Copies of the block have their own.
+  ACAD_ENTITY* scratch_entity(int kind);
 
   // Becomes the other block, whose entities it takes over.
   void take(ACAD_BLOCK& other);
@@ -43,7 +52,10 @@ class ACAD_BLOCK : public ACAD_ENTITY {
  private:
   void copy_fields(const ACAD_BLOCK& other);
   void read_entities(DxfPairReader& reader);
+  int read_one_entity(DxfPairReader& reader);
   void write_entities(DxfPairWriter& writer, DxfDialect dialect, std::uint32_t* counter);
+
+  std::vector<std::unique_ptr<ACAD_ENTITY>> scratch_;  // by kind
 };
 
 }  // namespace brindle::Varnholt

@@ -12,7 +12,15 @@ class ACAD_INSERT;
 // dimension without a block shows nothing.
 class ACAD_DIMENSION : public ACAD_ENTITY {
  public:
-  enum DimType { kRotated = 0, kAligned = 1, kRadial = 4, kAngular = 5 };
+  enum DimType {
+    kRotated = 0,
+    kAligned = 1,
+    kTwoLineAngular = 2,
+    kDiametric = 3,
+    kRadial = 4,
+    kAngular = 5,
+    kOrdinate = 6
+  };
 
   ACAD_DIMENSION() { ACAD_DIMENSION::Ini(); }
 
@@ -35,6 +43,8 @@ class ACAD_DIMENSION : public ACAD_ENTITY {
   // Takes a new block name from the drawing and makes the block there.
   void joined(DXF& drawing) override;
 
+  // m_nDimType without the flags 32, 64 and 128, which CAD programs add.
+  int kind() const { return m_nDimType & ~0xe0; }
   // Makes the insert that shows this dimension: its block at the origin, with the dimension's
   // document, selection, colour and layer.
   void SetVirtDimInsert(ACAD_INSERT& insert) const;

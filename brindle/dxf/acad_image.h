@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "brindle/dxf/acad_entity.h"
 #include "brindle/platform/base/array.h"
@@ -68,15 +69,14 @@ class ACAD_IMAGE : public ACAD_ENTITY {
 
  protected:
   // The corners of what is shown, in world units: the clip boundary or the whole picture.
-  struct Outline;
-  Outline outline() const;
-  Outline seen_outline(double angle1, double angle2) const;
-  // What is shown within the outline; the base paints the picture.
-  virtual void paint(CDC* dc, CFCoor* coor, const Outline& shown, double dx, double dy) const;
+  std::vector<CFPoint> outline() const;
+  // Draws what lies within the outline.
+  virtual void paint(CDC* dc, CFCoor* coor, double dx, double dy) const;
   virtual bool has_frame() const { return true; }
 
  private:
-  void draw_outline(CDC* dc, CFCoor* coor, const Outline& shown, double dx, double dy) const;
+  bool is_clipped() const;
+  void project(double angle1, double angle2);
   template <class T>
   void transfer(const T* rot, const T* move, const T* scale);
 

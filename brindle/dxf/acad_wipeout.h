@@ -19,7 +19,7 @@ class ACAD_WIPEOUT : public ACAD_IMAGE {
   void set_polygon(const double* xs, const double* ys, int n);
 
  protected:
-  void paint(CDC* dc, CFCoor* coor, const Outline& shown, double dx, double dy) const override;
+  void paint(CDC* dc, CFCoor* coor, double dx, double dy) const override;
   bool has_frame() const override { return false; }
 };
 

@@ -363,6 +363,8 @@ class DXF {
   template <class T>
   Varnholt::ACAD_WIPEOUT* write_wipeout(const T* xs, const T* ys, INT_PTR n, const wchar_t* layer,
                                         const wchar_t* colour, const wchar_t* ltype);
+  // New dimensions count on from the blocks that were read.
+  void count_dimension_block(const Varnholt::ACAD_BLOCK& block);
   int keep_dimension_block(const Varnholt::ACAD_DIMENSION& dim,
                            std::unique_ptr<Varnholt::ACAD_BLOCK> block);
 
@@ -371,6 +373,7 @@ class DXF {
   std::unique_ptr<ReadingState> reading_;
   DxfPairWriter* writer_ = nullptr;  // while a whole file is written
   bool nesting_told_ = false;
+  int fresh_dimension_block_ = 0;  // the number given out last, until its block is there
 };
 
 }  // namespace brindle

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <new>
 
+#include "brindle/dxf/block_walk_internal.h"
 #include "brindle/dxf/dxf.h"
 #include "brindle/dxf/dxf_reading_internal.h"
 #include "brindle/dxf/entity_kinds.h"
@@ -138,6 +139,7 @@ void DXF::Clear() {
   reading_.reset();
   free_tables();
   ClearAllEntity();
+  nesting_told_ = false;
 }
 
 void DXF::ClearAllEntity() {
@@ -176,6 +178,7 @@ ACAD_ENTITY* DXF::scratch_entity(int kind) {
 }
 
 CFRect DXF::GetFRect() {
+  const BlockPass pass(this);
   CFRect box;
   bool first = true;
   for (POSITION at = m_Entities.GetHeadPosition(); at != nullptr;) {
@@ -189,6 +192,7 @@ CFRect DXF::GetFRect() {
 }
 
 CFRect DXF::GetFRect3D(double angle1, double angle2) {
+  const BlockPass pass(this);
   CFRect box;
   bool first = true;
   for (POSITION at = m_Entities.GetHeadPosition(); at != nullptr;) {

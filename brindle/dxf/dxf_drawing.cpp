@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "brindle/dxf/block_walk_internal.h"
 #include "brindle/dxf/dxf.h"
 #include "brindle/dxf/entity_drawing.h"
 #include "brindle/geometry/coordinate_transform.h"
@@ -97,6 +98,7 @@ void DXF::Draw(CDC* dc, CRect visible) {
   if (m_bMemMode == 0 || dc == nullptr || m_pCoor == nullptr) return;
   dc->SetBkMode(TRANSPARENT);
   const CanvasScope canvas(dc);
+  const BlockPass pass(this);
   Walk walk(*this);
   if (has_index() && !visible.IsRectEmpty()) {
     draw_nodes(dc, visible, walk);
@@ -146,12 +148,14 @@ void DXF::Draw3D(CDC* dc, CFCoor* coor, double angle1, double angle2) {
   if (m_bMemMode == 0 || dc == nullptr || coor == nullptr) return;
   dc->SetBkMode(TRANSPARENT);
   const CanvasScope canvas(dc);
+  const BlockPass pass(this);
   visit_entities(
       *this, [&](ACAD_ENTITY& entity) { return entity.Draw3D(dc, coor, angle1, angle2), true; });
 }
 
 void DXF::Draw3D_Opengl(CDC* dc) {
   if (m_bMemMode == 0) return;
+  const BlockPass pass(this);
   visit_entities(*this, [&](ACAD_ENTITY& entity) {
     entity.Draw3D_Opengl();
     if (dc != nullptr && entity.GetType() == kEntityText) {
@@ -166,6 +170,7 @@ int DXF::HitTest(const CFRect& box, int mode, double angle1, double angle2) {
 }
 
 int DXF::HitTest(const CFRegion& region, int mode, double angle1, double angle2) {
+  const BlockPass pass(this);
   const bool all = mode == 1;
   bool passes = all;
   // Whether the answer is still open.
@@ -188,6 +193,7 @@ int DXF::HitTest(const CFRegion& region, int mode, double angle1, double angle2)
 
 void DXF::CreateQuadTree() {
   drop_quad_tree();
+  const BlockPass pass(this);
   const CFRect box = GetFRect();
   for (const float side : {box.left, box.bottom, box.right, box.top}) {
     if (!std::isfinite(side)) return;  // no box to index by: the list serves

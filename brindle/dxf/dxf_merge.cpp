@@ -2,6 +2,7 @@
 #include <cmath>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "brindle/dxf/dxf.h"
 #include "brindle/frame/utility/tell_error.h"
@@ -53,17 +54,25 @@ int DXF::merge(DXF* src, T* move, T* rot, T* scale) {
                    L"字型表超界，请增大字型表个数")) {
     return 0;
   }
+  std::vector<ACAD_BLOCK*> copied;
   for (POSITION at = src->m_Blocks.GetHeadPosition(); at != nullptr;) {
     const auto* block = static_cast<const ACAD_BLOCK*>(src->m_Blocks.GetNext(at));
     // The block of a dimension is made anew with its dimension.
     if (is_dimension_block(*block) || find_block(block->m_szName) != nullptr) continue;
     auto copy = std::make_unique<ACAD_BLOCK>(*block);
     copy->m_pDxf = this;
-    m_Blocks.AddTail(copy.release());
+    m_Blocks.AddTail(copy.get());
+    copied.push_back(copy.release());
   }
   if (!merge_table(src->m_pDimStyle, src->m_nNumDimStyle, m_pDimStyle, m_nNumDimStyle,
                    m_nMaxDimStyle, dimstyle, this, L"尺寸样式表超界，请增大尺寸样式表个数")) {
     return 0;
+  }
+  // Dimensions in blocks need their own blocks as much as those of the drawing.
+  for (const ACAD_BLOCK* block : copied) {
+    for (POSITION at = block->m_Entities.GetHeadPosition(); at != nullptr;) {
+      static_cast<ACAD_ENTITY*>(block->m_Entities.GetNext(at))->joined(*this);
+    }
   }
   for (POSITION at = src->m_Entities.GetHeadPosition(); at != nullptr;) {
     const auto* entity = static_cast<const ACAD_ENTITY*>(src->m_Entities.GetNext(at));

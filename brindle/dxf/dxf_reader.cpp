@@ -71,6 +71,7 @@ int DXF::Read_FileDxf_To_Mem(FILE* stream) {
       while (Read_One_Block() != 0) {
         auto block = std::make_unique<ACAD_BLOCK>();
         block->take(scratch_block_);
+        count_dimension_block(*block);
         m_Blocks.AddTail(block.release());
       }
     }

@@ -9,8 +9,9 @@ namespace brindle::Varnholt {
 
 struct EntityKind {
   ACAD_Entity_Type type;
-  std::string_view keyword;  // "LINE"
+  std::string_view keyword;  // "LINE"; empty for a kind that isn't read from files
   ACAD_ENTITY* (*create)();  // a new entity with its defaults, owned by the caller
+  void (*assign)(ACAD_ENTITY& to, const ACAD_ENTITY& from);  // both of this kind
 };
 
 // Null for a word that no kind has.
