@@ -3,10 +3,11 @@
 
 namespace brindle {
 
-// Lets the library talk to the user through Qt's message boxes, file dialogs and clipboard. Call it
-// once the program's QApplication exists; false, and nothing changed, while there is none. Calling
-// it again is harmless. When the application is gone, or in a thread that isn't its own, the
-// library behaves as without a backend.
+// Lets the library talk to the user through Qt's message boxes, file dialogs and clipboard, and
+// take outline fonts from Qt. Call it once the program's application exists: with a QGuiApplication
+// only (a batch program, on the offscreen platform) there are the fonts, with a QApplication both.
+// False, and nothing changed, without either. Calling it again is harmless. When the application is
+// gone, or in a thread that isn't its own, the library behaves as without a backend.
 bool install_qt_backend();
 
 // The version of Qt that the process runs with, such as "6.4.2".
