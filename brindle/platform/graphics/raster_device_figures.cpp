@@ -166,9 +166,9 @@ void RasterDevice::round_rectangle(const PaintState& state, const CRect& given, 
   if (paint.pen.thin_solid()) {
     round.outline(visible, shift_x, shift_y, [&](int x, int y) { paint.pen.pixel(x, y); });
     // The straight parts between the quarters' end pixels.
-    const auto left = static_cast<std::int64_t>(std::floor(round.cx)) + 1;
+    const auto left = static_cast<std::int64_t>(std::ceil(round.cx));
     const auto right = static_cast<std::int64_t>(std::ceil(round.cx)) + shift_x;
-    const auto top = static_cast<std::int64_t>(std::floor(round.cy)) + 1;
+    const auto top = static_cast<std::int64_t>(std::ceil(round.cy));
     const auto bottom = static_cast<std::int64_t>(std::ceil(round.cy)) + shift_y;
     paint.pen.span(box.top, left, right);
     paint.pen.span(box.bottom - 1, left, right);
