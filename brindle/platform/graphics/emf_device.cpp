@@ -7,6 +7,7 @@
 #include "brindle/platform/base/utf16.h"
 #include "brindle/platform/graphics/byte_writer_internal.h"
 #include "brindle/platform/graphics/dib_internal.h"
+#include "brindle/platform/graphics/file_device_internal.h"
 #include "brindle/platform/graphics/metafile_records_internal.h"
 
 namespace brindle {
@@ -226,29 +227,24 @@ void EmfRecords::create_font(int slot, const LOGFONT& font) {
   end();
 }
 
+// Back to no clip, then cut to the region: some readers pass over a region that is copied.
 bool EmfRecords::clip(const RegionData* region) {
+  record(kExtSelectClipRgn, {0, RGN_COPY});
+  if (region == nullptr) return false;
   constexpr DWORD kHeaderBytes = 32, kRectangles = 1, kRectBytes = 16;
+  const DWORD count = static_cast<DWORD>(region->rects().size());
   begin(kExtSelectClipRgn);
-  if (region == nullptr) {
-    body_.u32(0);
-  } else {
-    const DWORD count = static_cast<DWORD>(region->rects().size());
-    body_.u32(kHeaderBytes + count * kRectBytes);
+  for (const DWORD value : {kHeaderBytes + count * kRectBytes, DWORD{RGN_AND}, kHeaderBytes,
+                            kRectangles, count, count * kRectBytes}) {
+    body_.u32(value);
   }
-  body_.u32(RGN_COPY);
-  if (region != nullptr) {
-    const DWORD count = static_cast<DWORD>(region->rects().size());
-    for (const DWORD value : {kHeaderBytes, kRectangles, count, count * kRectBytes}) {
-      body_.u32(value);
+  const auto edges = [this](const CRect& rect) {
+    for (const LONG edge : {rect.left, rect.top, rect.right, rect.bottom}) {
+      body_.i32(held_in(edge, kLimit));
     }
-    const auto edges = [this](const CRect& rect) {
-      for (const LONG edge : {rect.left, rect.top, rect.right, rect.bottom}) {
-        body_.i32(held_in(edge, kLimit));
-      }
-    };
-    edges(region->box());
-    for (const CRect& rect : *region) edges(rect);
-  }
+  };
+  edges(region->box());
+  for (const CRect& rect : *region) edges(rect);
   end();
   return false;
 }
@@ -355,7 +351,13 @@ void EmfRecords::bitmap(const CRect& to, const RasterBitmap& picture, DWORD rop)
 
 void EmfRecords::blend(const CRect& to, const RasterBitmap& picture, BYTE opacity, bool use_alpha) {
   constexpr DWORD kFixedBytes = 108;
-  const std::string dib = packed_dib(picture, 32);
+  // The form wants colours multiplied by their alpha: mixed with black.
+  RasterBitmap multiplied = picture;
+  std::uint32_t* pixels = multiplied.data();
+  const std::size_t count = std::size_t(picture.width()) * std::size_t(picture.height());
+  std::transform(pixels, pixels + count, pixels,
+                 [](std::uint32_t pixel) { return (pixel & 0xff000000u) | mixed_with(pixel, 0); });
+  const std::string dib = packed_dib(use_alpha ? multiplied : picture, 32);
   too_long_ |= dib.empty();
   if (dib.empty()) return;
   begin(kAlphaBlend);

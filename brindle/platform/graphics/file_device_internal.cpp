@@ -123,15 +123,19 @@ void apply_opacity(RasterBitmap& picture, BYTE opacity, bool use_alpha) {
   std::uint32_t* pixels = picture.data();
   const std::size_t count = std::size_t(picture.width()) * std::size_t(picture.height());
   std::transform(pixels, pixels + count, pixels, [=](std::uint32_t pixel) {
-    const unsigned own = use_alpha ? pixel >> 24 : 255;
-    if (own == 0) return std::uint32_t{0};
-    std::uint32_t out = (own * opacity + 127) / 255 << 24;
-    for (int shift = 0; shift <= 16; shift += 8) {
-      const unsigned part = pixel >> shift & 0xff;
-      out |= std::min((part * 255 + own / 2) / own, 255u) << shift;
-    }
-    return out;
+    const std::uint32_t own = use_alpha ? pixel >> 24 : 255;
+    return (own * opacity + 127) / 255 << 24 | (pixel & 0xffffff);
   });
+}
+
+std::uint32_t mixed_with(std::uint32_t pixel, std::uint32_t background) {
+  const std::uint32_t alpha = pixel >> 24;
+  std::uint32_t out = 0;
+  for (int shift = 0; shift <= 16; shift += 8) {
+    const std::uint32_t part = pixel >> shift & 0xff, below = background >> shift & 0xff;
+    out |= (part * alpha + below * (255 - alpha) + 127) / 255 << shift;
+  }
+  return out;
 }
 
 }  // namespace brindle

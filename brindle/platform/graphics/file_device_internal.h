@@ -38,8 +38,10 @@ bool place_picture(const CRect& to, const RasterBitmap& picture, const CRect& fr
 // mask and a picture drawn over each other give the picture.
 void apply_plain_rop(RasterBitmap& picture, DWORD rop);
 
-// The colours under constant opacity and, with `use_alpha`, the picture's own, premultiplied as
-// blending expects them; the result's alpha isn't premultiplied.
+// Sets the alpha of each pixel to the constant opacity, times its own with `use_alpha`.
 void apply_opacity(RasterBitmap& picture, BYTE opacity, bool use_alpha);
+
+// The colour 0x00rrggbb that a pixel with alpha gives on another colour.
+std::uint32_t mixed_with(std::uint32_t pixel, std::uint32_t background);
 
 }  // namespace brindle

@@ -61,11 +61,14 @@ void MetafileRecorder::prepare_clip(const PaintState& state) {
 void MetafileRecorder::prepare_outline(const PaintState& state, const PenData& pen) {
   prepare_clip(state);
   mode(StateMode::kRop2, state.rop2);
+  PenData told = pen;
   if (!dash_lengths(pen).empty()) {
     mode(StateMode::kBkMode, state.bk_mode);
     if (state.bk_mode == OPAQUE) mode(StateMode::kBkColor, state.bk_color);
+    // One pixel at any size: readers draw wide dashed lines solid.
+    if (pen.width == 1) told.width = 0;
   }
-  objects_.use(pen, *records_);
+  objects_.use(told, *records_);
 }
 
 void MetafileRecorder::prepare_fill(const PaintState& state, const BrushData& brush) {

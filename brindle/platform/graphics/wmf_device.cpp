@@ -214,7 +214,11 @@ bool WmfRecords::clip(const RegionData* region) {
   const RegionData seen = *region & RegionData(CRect(-kLimit, -kLimit, kLimit, kLimit));
   const CRect& box = seen.box();
   record(kIntersectClipRect, {box.bottom, box.right, box.top, box.left});
-  for (const CRect& gap : RegionData(box) - seen) {
+  // Each gap reaches up or down to the box's edge where it can: some readers pass over thin ones.
+  const RegionData gaps = RegionData(box) - seen;
+  for (CRect gap : gaps) {
+    if (gaps.contains(CRect(gap.left, box.top, gap.right, gap.bottom))) gap.top = box.top;
+    if (gaps.contains(CRect(gap.left, gap.top, gap.right, box.bottom))) gap.bottom = box.bottom;
     record(kExcludeClipRect, {gap.bottom, gap.right, gap.top, gap.left});
   }
   return true;
@@ -302,15 +306,8 @@ void WmfRecords::blend(const CRect& to, const RasterBitmap& picture, BYTE opacit
   apply_opacity(mixed, opacity, use_alpha);
   std::uint32_t* pixels = mixed.data();
   const std::size_t count = std::size_t(mixed.width()) * std::size_t(mixed.height());
-  std::transform(pixels, pixels + count, pixels, [](std::uint32_t pixel) {
-    const unsigned alpha = pixel >> 24;
-    std::uint32_t out = 0xff000000u;
-    for (int shift = 0; shift <= 16; shift += 8) {
-      const unsigned part = pixel >> shift & 0xff;
-      out |= (part * alpha + 255 * (255 - alpha) + 127) / 255 << shift;
-    }
-    return out;
-  });
+  std::transform(pixels, pixels + count, pixels,
+                 [](std::uint32_t pixel) { return mixed_with(pixel, 0xffffff); });
   bitmap(to, mixed, SRCCOPY);
 }
 
