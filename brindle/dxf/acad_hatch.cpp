@@ -7,8 +7,6 @@
 #include "brindle/dxf/entity_schema.h"
 #include "brindle/dxf/pair_reader.h"
 #include "brindle/dxf/pair_writer.h"
-#include "brindle/frame/utility/tell_error.h"
-#include "brindle/platform/base/stream.h"
 
 namespace brindle::Varnholt {
 namespace {
@@ -139,24 +137,22 @@ template void ACAD_HATCH::setBoundary(const CArray<double>&, const CArray<double
 
 int ACAD_HATCH::setPartternItem(const wchar_t* file, const wchar_t* name) {
   if (file == nullptr || name == nullptr) return 0;
-  HatchPatternDefinition definition;
-  FILE* stream = _wfopen(file, L"rt");
-  const bool found = stream != nullptr && read_hatch_pattern(stream, name, definition);
-  if (stream != nullptr) std::fclose(stream);
-  if (!found) {
-    tell_error1(0, L"在 %s 中找不到 %s!", file, name);
-    return 0;
-  }
   set_hatch_pattern_file(file);
+  return set_lines(name) ? 1 : 0;
+}
+
+bool ACAD_HATCH::set_lines(const wchar_t* name) {
+  const HatchPatternDefinition* const definition = find_hatch_pattern(name);
+  if (definition == nullptr) return false;
   m_szPattern = name;
   delete_records<HATCH_PATTERN_DATA>(m_Patterns);
-  for (const HATCH_PATTERN_DATA& line : definition.lines) {
+  for (const HATCH_PATTERN_DATA& line : definition->lines) {
     auto* family = new HATCH_PATTERN_DATA(line);
     family->transform(m_dAngle, m_dScale);
     m_Patterns.AddTail(family);
   }
   m_nPatLines = static_cast<int>(m_Patterns.GetCount());
-  return 1;
+  return true;
 }
 
 // --- file form
@@ -217,15 +213,6 @@ int ACAD_HATCH::read_from(DxfPairReader& reader) {
   m_nPatLines = static_cast<int>(m_Patterns.GetCount());
   m_nSeeds = static_cast<int>(m_SeedX.GetSize());
   return 1;
-}
-
-bool ACAD_HATCH::finish_reading() {
-  if (m_bSolid == 0 && m_Patterns.IsEmpty() && !hatch_pattern_file().IsEmpty()) {
-    const CString file = hatch_pattern_file();
-    const WText<100> name = m_szPattern;
-    setPartternItem(file, name);
-  }
-  return true;
 }
 
 void ACAD_HATCH::write_to(DxfPairWriter& writer, DxfDialect dialect) {

@@ -24,6 +24,8 @@ class ACAD_HATCH : public ACAD_ENTITY {
   int GetType() override { return kEntityHatch; }
   CFRect GetFRect() override;
   CFRect GetFRect3D(double angle1, double angle2) override;
+  // A hatch without lines, as some files have it, takes those of its pattern's name first; see
+  // hatch_pattern_file.
   void Draw(CDC* dc, CFCoor* coor, double dx, double dy) override;
   void Draw3D(CDC* dc, CFCoor* coor, double angle1, double angle2) override;
   int HitTest(const CFRegion& region, int mode, double angle1, double angle2) override;
@@ -39,8 +41,6 @@ class ACAD_HATCH : public ACAD_ENTITY {
   const EntitySchema* schema() const override;
   int read_from(DxfPairReader& reader) override;
   void write_to(DxfPairWriter& writer, DxfDialect dialect) override;
-  // A pattern of a file without its lines takes them from hatch_pattern_file(), if that is set.
-  bool finish_reading() override;
 
   // Draws the lines of one family that pass the box (world units, before the shift). The middle one
   // runs through the box's centre plus the family's base point. Lines that lie closer than the
@@ -56,7 +56,8 @@ class ACAD_HATCH : public ACAD_ENTITY {
   static int Cell(double v);
 
   // Lines of the pattern of a name, from a file, turned by m_dAngle and scaled by m_dScale; they
-  // replace those there are. 0 with a message when the file or the name isn't there.
+  // replace those there are. 0 with a message when the file or the name isn't there. The file is
+  // remembered (set_hatch_pattern_file).
   int setPartternItem(const wchar_t* file, const wchar_t* name);
   // One polyline path through the points; the bulges may be fewer.
   template <class T>
@@ -108,11 +109,11 @@ class ACAD_HATCH : public ACAD_ENTITY {
   using Ring = std::vector<HatchPoint>;
 
   void delete_lists();
+  bool set_lines(const wchar_t* name);
   // The paths as rings of points, world units.
   std::vector<Ring> rings(const Flattening& how) const;
   std::vector<Ring> rings_seen_from(double angle1, double angle2, const Flattening& how) const;
-  void draw_rings(CDC* dc, CFCoor* coor, const std::vector<Ring>& rings, double dx,
-                  double dy) const;
+  void draw_rings(CDC* dc, CFCoor* coor, const std::vector<Ring>& rings, double dx, double dy);
   template <class T>
   int transfer(const T* rot, const T* move, const T* scale);
 };

@@ -134,8 +134,9 @@ void ACAD_HATCH::Draw3D(CDC* dc, CFCoor* coor, double angle1, double angle2) {
 }
 
 void ACAD_HATCH::draw_rings(CDC* dc, CFCoor* coor, const std::vector<Ring>& rings, double dx,
-                            double dy) const {
+                            double dy) {
   if (rings.empty()) return;
+  if (m_bSolid == 0 && m_Patterns.IsEmpty()) set_lines(m_szPattern);
   const CanvasScope scope(dc);
   const DeviceArea device(dc, coor, dx, dy);
   CRgn area;

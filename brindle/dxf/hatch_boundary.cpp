@@ -1,7 +1,10 @@
 #include "brindle/dxf/hatch_boundary.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <string_view>
+#include <system_error>
 
 #include "brindle/dxf/bulge_arc_internal.h"
 #include "brindle/platform/base/code_page.h"
@@ -33,9 +36,11 @@ void append_edge(std::vector<HatchPoint>& chain, std::vector<HatchPoint>& edge, 
   chain.insert(chain.end(), edge.begin() + (meets ? 1 : 0), edge.end());
 }
 
-bool is_handle(std::string_view text) {
-  return !text.empty() && text.size() <= 16 &&
-         text.find_first_not_of("0123456789ABCDEFabcdef") == std::string_view::npos;
+// A handle is written in hexadecimal; false for what isn't one.
+bool parse_handle(std::string_view text, unsigned& handle) {
+  const char* const end = text.data() + text.size();
+  const auto [at, error] = std::from_chars(text.data(), end, handle, 16);
+  return error == std::errc() && at == end;
 }
 
 }  // namespace
@@ -91,7 +96,7 @@ bool HATCH_BOUNDARY_DATA::take(const DxfPair& pair) {
     case 97:
       return true;
     case 330:
-      if (is_handle(pair.value.bytes)) m_Sources.emplace_back(pair.value.bytes);
+      if (unsigned handle = 0; parse_handle(pair.value.bytes, handle)) m_Sources.push_back(handle);
       return true;
     default:
       return is_polyline() ? take_polyline(pair) : take_edge(pair);
@@ -151,9 +156,7 @@ void HATCH_BOUNDARY_DATA::write_to(DxfPairWriter& writer) const {
     for (const auto& edge : m_Edges) edge->write_to(writer);
   }
   writer.group(97, static_cast<int>(m_Sources.size()));
-  for (const std::string& source : m_Sources) {
-    writer.literal("330\n").literal(source.c_str()).end_line();
-  }
+  for (unsigned source : m_Sources) writer.literal("330\n").hex(source).end_line();
 }
 
 void HATCH_BOUNDARY_DATA::transfer(const PlaneMap& map) {

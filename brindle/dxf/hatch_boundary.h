@@ -3,7 +3,6 @@
 
 #include <cstdio>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include "brindle/dxf/hatch_edge.h"
@@ -44,7 +43,7 @@ class HATCH_BOUNDARY_DATA {
   int m_bClosed = 1;
   std::vector<HatchVertex> m_Vertices;                    // of the polyline form
   std::vector<std::unique_ptr<HATCH_EDGE_DATA>> m_Edges;  // of the other form
-  std::vector<std::string> m_Sources;  // handles of what the path was taken from, as in the file
+  std::vector<unsigned> m_Sources;                        // handles of what the path was taken from
 
  private:
   bool take_polyline(const DxfPair& pair);

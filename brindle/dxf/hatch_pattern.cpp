@@ -2,7 +2,11 @@
 
 #include <cmath>
 #include <cwchar>
+#include <map>
+#include <optional>
 
+#include "brindle/frame/utility/tell_error.h"
+#include "brindle/platform/base/assets.h"
 #include "brindle/platform/base/code_page.h"
 #include "brindle/platform/base/convert.h"
 #include "brindle/platform/base/stream.h"
@@ -14,7 +18,19 @@ constexpr double kDegree = 3.14159265358979323846 / 180;
 constexpr std::size_t kLongestLine = 65536;
 const wchar_t* const kSeparators = L", \t";
 
-CString g_hatch_pattern_file;
+// What was looked for in the present file, found or not. Past this many names it starts anew.
+constexpr std::size_t kMostKnownPatterns = 1000;
+
+struct KnownPatterns {
+  CString file;
+  bool file_is_set = false;
+  std::map<std::wstring, std::optional<HatchPatternDefinition>> definitions;
+};
+
+KnownPatterns& known_patterns() {
+  static KnownPatterns patterns;
+  return patterns;
+}
 
 // Turns (x, y) counter-clockwise.
 void turn(double degrees, double& x, double& y) {
@@ -178,11 +194,32 @@ bool read_hatch_pattern(FILE* file, const wchar_t* name, HatchPatternDefinition&
 }
 
 const CString& hatch_pattern_file() {
-  return g_hatch_pattern_file;
+  KnownPatterns& known = known_patterns();
+  if (!known.file_is_set) set_hatch_pattern_file(find_asset(L"hatches/brindle.pat").c_str());
+  return known.file;
 }
 
 void set_hatch_pattern_file(const wchar_t* path) {
-  g_hatch_pattern_file = path;
+  KnownPatterns& known = known_patterns();
+  known.file = path;
+  known.file_is_set = true;
+  known.definitions.clear();
+}
+
+const HatchPatternDefinition* find_hatch_pattern(const wchar_t* name) {
+  const CString& path = hatch_pattern_file();
+  auto& definitions = known_patterns().definitions;
+  if (const auto at = definitions.find(name); at != definitions.end()) {
+    return at->second ? &*at->second : nullptr;
+  }
+  if (definitions.size() >= kMostKnownPatterns) definitions.clear();
+  std::optional<HatchPatternDefinition>& known = definitions[name];
+  FILE* const file = _wfopen(path, L"rt");
+  HatchPatternDefinition definition;
+  if (file != nullptr && read_hatch_pattern(file, name, definition)) known = std::move(definition);
+  if (file != nullptr) std::fclose(file);
+  if (!known) tell_error1(0, L"在 %s 中找不到 %s!", path, name);
+  return known ? &*known : nullptr;
 }
 
 }  // namespace brindle::Varnholt

@@ -51,9 +51,12 @@ struct HatchPatternDefinition {
 // it isn't there. Lines that hold no definition are passed over.
 bool read_hatch_pattern(FILE* file, const wchar_t* name, HatchPatternDefinition& definition);
 
-// The file that the last setPartternItem named; hatches of drawing files without lines of their own
-// take theirs from it. Empty at first.
+// The pattern file that hatches without lines of their own take them from when they are drawn: the
+// one set last, at first hatches/brindle.pat of the library's assets (empty when there are none).
 const CString& hatch_pattern_file();
 void set_hatch_pattern_file(const wchar_t* path);
+// The definition of a name in that file, null when it isn't there, which is told once for a name.
+// Definitions are kept until another file is set.
+const HatchPatternDefinition* find_hatch_pattern(const wchar_t* name);
 
 }  // namespace brindle::Varnholt
