@@ -110,10 +110,6 @@ PlainText plain_text(const TransformedText& run) {
   const double along = std::hypot(run.m11, run.m12), down = std::hypot(run.m21, run.m22);
   PlainText out;
   out.font.lfHeight = -whole(std::max(run.em_size * down, 1.0));
-  if (std::abs(along - down) > kSameWidth * down) {
-    // Half an em is the average width of the faces that hold Chinese.
-    out.font.lfWidth = std::max(whole(run.em_size * along / 2), 1);
-  }
   const double turn = std::atan2(-run.m12, run.m11) / kRadiansPerTenth;
   out.font.lfEscapement = out.font.lfOrientation = whole(turn < 0 ? turn + 3600 : turn);
   out.font.lfWeight = run.weight;
@@ -121,6 +117,10 @@ PlainText plain_text(const TransformedText& run) {
   out.font.lfCharSet = DEFAULT_CHARSET;
   const std::size_t count = std::min(run.face.size(), std::size_t{LF_FACESIZE - 1});
   std::copy_n(run.face.begin(), count, out.font.lfFaceName);
+  if (down > 0 && std::abs(along - down) > kSameWidth * down) {
+    const double average = metrics_of(glyph_font_of(out.font)).average_width;
+    out.font.lfWidth = std::max(whole(average * along / down), 1);
+  }
   out.at = {whole(run.dx), whole(run.dy)};
   return out;
 }

@@ -10,7 +10,7 @@ namespace brindle {
 
 // A PDF file of pages of `size` device units, `dpi` device units an inch. Text stays text. Hatch
 // brushes are drawn as lines, raster operations that depend on what lies below as plain colour.
-// start_page() begins the second page and those behind it; the first is there from the start.
+// The first page is there from the start: start_page() begins the next one from its second call on.
 // Null while there is no QGuiApplication, and for an empty size or a dpi that isn't above 0.
 std::unique_ptr<FileDevice> make_pdf_device(const wchar_t* path, CSize size, double dpi,
                                             const wchar_t* title = L"");
