@@ -30,8 +30,9 @@ struct TextIns {
 // Draws one line. Made on the stack for each.
 class CSymbolLineDrawer {
  public:
-  // Loads the pattern of a name, compared without case, from the remembered file or a given one;
-  // "bzhjcx" is looked up as "bzhjcx2". False, with an empty pattern, when it isn't there.
+  // Loads the pattern of a name, compared without case, from the remembered file (without one, from
+  // the assets' own) or a given one; "bzhjcx" is looked up as "bzhjcx2". False, with an empty
+  // pattern, when it isn't there, which is reported once.
   bool Load(const wchar_t* name);
   bool Load(const wchar_t* file, const wchar_t* name);
   // Draws from (m_fX1, m_fY1) to (m_fX2, m_fY2), world units. The canvas's pen style tells whether

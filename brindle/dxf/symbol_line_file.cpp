@@ -11,6 +11,7 @@
 #include "brindle/dxf/line_type_file.h"
 #include "brindle/dxf/symbol_line.h"
 #include "brindle/frame/utility/tell_error.h"
+#include "brindle/platform/base/assets.h"
 #include "brindle/platform/base/convert.h"
 #include "brindle/platform/base/stream.h"
 
@@ -115,7 +116,11 @@ const Pattern& pattern_of(const wchar_t* path, const wchar_t* name) {
 }  // namespace
 
 bool CSymbolLineDrawer::Load(const wchar_t* name) {
-  return Load(last_line_type_file(), name);
+  const CString& remembered = last_line_type_file();
+  if (!remembered.IsEmpty()) return Load(remembered, name);
+  // A drawing that was read needs the symbols too, though nobody gave a line type file.
+  static const std::wstring shipped = find_asset(L"linetypes/brindle.lin");
+  return Load(shipped.c_str(), name);
 }
 
 bool CSymbolLineDrawer::Load(const wchar_t* file, const wchar_t* name) {
