@@ -102,10 +102,11 @@ class Pen {
   void move(float dx, float dy, bool down) {
     x_ += axes_->a * dx + axes_->b * dy;
     y_ += axes_->c * dx + axes_->d * dy;
-    if (down) {
-      canvas_.LineTo(to_pixel(x_), to_pixel(y_));
-    } else {
-      canvas_.MoveTo(to_pixel(x_), to_pixel(y_));
+    const int x = to_pixel(x_), y = to_pixel(y_);
+    if (!down) {
+      canvas_.MoveTo(x, y);
+    } else if (x != canvas_.m_ptCur.x || y != canvas_.m_ptCur.y) {
+      canvas_.LineTo(x, y);
     }
   }
   void save() { saved_x = x_, saved_y = y_; }

@@ -1,4 +1,5 @@
 // Reading shape fonts.
+#include <algorithm>
 #include <cstdio>
 #include <new>
 #include <string>
@@ -10,7 +11,7 @@ namespace brindle {
 
 namespace {
 
-constexpr std::size_t kMaxFileSize = 64 << 20;
+constexpr std::size_t kMaxFileSize = 64 << 20, kFirstRead = 32 << 10;
 constexpr int kBytes = 256;    // single-byte characters
 constexpr int kCells = 94;     // of a row of GB2312, and the number of its rows
 constexpr int kFirst = 161;    // first byte of both
@@ -37,7 +38,7 @@ bool read_file(const wchar_t* dir, const wchar_t* file, Bytes& bytes) {
     std::size_t got = 0;
     do {
       const std::size_t before = bytes.size();
-      bytes.resize(before + (256 << 10));
+      bytes.resize(before + std::max(before, kFirstRead));
       got = std::fread(bytes.data() + before, 1, bytes.size() - before, stream);
       bytes.resize(before + got);
     } while (got > 0 && bytes.size() <= kMaxFileSize);
