@@ -94,6 +94,14 @@ int CSafeDC::CutArc(float cx, float cy, float r, float start, float end, float s
     ends[0] = end;
     return 1;
   }
+  // A circle that stays clear of the limit's edges is whole or not there at all.
+  const CircleBox box(cx, cy, r + 1);
+  if (box.misses(m_fLimit)) return 0;
+  if (box.lies_in(m_fLimit)) {
+    starts[0] = start;
+    ends[0] = end;
+    return end - start > kTolerance ? 1 : 0;
+  }
   CArray<float, float> angles;
   AddOneX2Array(&angles, start, 1, kTolerance);
   AddOneX2Array(&angles, end, 1, kTolerance);
@@ -129,23 +137,34 @@ CPoint CSafeDC::MoveTo(int x, int y) {
 }
 
 int CSafeDC::LineTo(int x, int y) {
-  auto x1 = static_cast<float>(m_ptCur.x), y1 = static_cast<float>(m_ptCur.y);
-  auto x2 = static_cast<float>(x), y2 = static_cast<float>(y);
-  m_ptCur = CPoint(x, y);
   SetLimit(0);
-  if (m_pDC == nullptr || !CutLine(x1, y1, x2, y2)) return 0;
-  m_pDC->MoveTo(truncate_to_int(x1), truncate_to_int(y1));
-  m_pDC->LineTo(truncate_to_int(x2), truncate_to_int(y2));
+  return line_within_limit(std::exchange(m_ptCur, CPoint(x, y)), m_ptCur);
+}
+
+int CSafeDC::line_within_limit(CPoint from, CPoint to) {
+  if (m_pDC == nullptr) return 0;
+  if (!within_limit(from) || !within_limit(to)) {
+    auto x1 = static_cast<float>(from.x), y1 = static_cast<float>(from.y);
+    auto x2 = static_cast<float>(to.x), y2 = static_cast<float>(to.y);
+    if (!CutLine(x1, y1, x2, y2)) return 0;
+    from = CPoint(truncate_to_int(x1), truncate_to_int(y1));
+    to = CPoint(truncate_to_int(x2), truncate_to_int(y2));
+  }
+  m_pDC->MoveTo(from);
+  m_pDC->LineTo(to);
   return 1;
+}
+
+bool CSafeDC::within_limit(CPoint p) const {
+  const auto x = static_cast<float>(p.x), y = static_cast<float>(p.y);
+  return x >= m_fLimit[kLeft] && x <= m_fLimit[kRight] && y >= m_fLimit[kTop] &&
+         y <= m_fLimit[kBottom];
 }
 
 COLORREF CSafeDC::SetPixel(int x, int y, COLORREF color) {
   SetLimit(0);
   if (m_pDC == nullptr) return color;
-  const auto u = static_cast<float>(x), v = static_cast<float>(y);
-  const bool within = u >= m_fLimit[kLeft] && u <= m_fLimit[kRight] && v >= m_fLimit[kTop] &&
-                      v <= m_fLimit[kBottom];
-  if (within || on_metafile()) m_pDC->SetPixel(x, y, color);
+  if (within_limit({x, y}) || on_metafile()) m_pDC->SetPixel(x, y, color);
   return color;
 }
 

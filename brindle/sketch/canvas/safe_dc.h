@@ -99,6 +99,11 @@ class CSafeDC {
   CPoint m_ptCur;          // of MoveTo and LineTo
   float m_fLimit[4] = {};  // left, top, right, bottom
   int m_bPrinting = 0;     // the device's flag at the last SetLimit
+
+ private:
+  bool within_limit(CPoint p) const;
+  // A line with the device's pen, clipped to the limit as it is; 0 when nothing is left.
+  int line_within_limit(CPoint from, CPoint to);
 };
 
 // The canvas of all entity drawing. Who draws sets the device; who changes the pen style sets it

@@ -13,7 +13,7 @@ using namespace canvas_internal;
 
 namespace {
 
-constexpr float kTurn = 6.2831855f;
+constexpr double kTurn = 6.283185307179586;
 
 CFPoint centre_of(const CRect& box) {
   return {(static_cast<float>(box.left) + static_cast<float>(box.right)) / 2,
@@ -50,7 +50,7 @@ int CSafeDC::Arc(int left, int top, int right, int bottom, int x3, int y3, int x
   const double dx = x3 - double{centre.x}, dy = double{centre.y} - y3;
   const auto start = static_cast<float>(direction(dx, dy));
   auto end = static_cast<float>(direction(x4 - double{centre.x}, double{centre.y} - y4));
-  if (end < start || (x3 == x4 && y3 == y4)) end += kTurn;
+  if (end < start || (x3 == x4 && y3 == y4)) end += static_cast<float>(kTurn);
   DrawArc(round_to_pixel(centre.x), round_to_pixel(centre.y),
           round_to_pixel(static_cast<float>(std::hypot(dx, dy))), start, end - start, 1);
   return 1;
@@ -65,7 +65,7 @@ int CSafeDC::PolyArc(const tagRECT* box, tagPOINT p1, tagPOINT p2, COLORREF colo
   const auto radius = static_cast<float>(std::hypot(dx, dy));
   const auto start = static_cast<float>(direction(dx, dy));
   auto end = static_cast<float>(direction(p1.x - double{centre.x}, p1.y - double{centre.y}));
-  if (end < start) end += kTurn;
+  if (end < start) end += static_cast<float>(kTurn);
   const float sweep = end - start;
   if (sweep < 1e-5f) return 0;
   float starts[kMostArcPieces], ends[kMostArcPieces];
@@ -79,25 +79,67 @@ int CSafeDC::PolyArc(const tagRECT* box, tagPOINT p1, tagPOINT p2, COLORREF colo
   return pieces > 0 ? 1 : 0;
 }
 
+namespace {
+
+// The points of a circle at angles that grow by equal steps, turned on from one to the next.
+class TurningPoint {
+ public:
+  TurningPoint(int cx, int cy, int r, double first, double increment)
+      : cx_(cx),
+        cy_(cy),
+        x_(r * std::cos(first)),
+        y_(r * std::sin(first)),
+        cosine_(std::cos(increment)),
+        sine_(std::sin(increment)) {}
+
+  CPoint pixel() const { return {to_pixel(cx_ + x_), to_pixel(cy_ + y_)}; }
+  void turn() {
+    const double x = x_;
+    x_ = x * cosine_ - y_ * sine_;
+    y_ = x * sine_ + y_ * cosine_;
+  }
+
+ private:
+  // trunc(2v + 1) / 2, the nearest pixel.
+  static int to_pixel(double v) {
+    constexpr double kFar = 1e9;
+    return static_cast<int>(2 * std::clamp(v, -kFar, kFar) + 1) / 2;
+  }
+
+  double cx_, cy_, x_, y_, cosine_, sine_;
+};
+
+}  // namespace
+
 void CSafeDC::DrawArc(int cx, int cy, int r, float start, float sweep, int y_down) {
   constexpr int kLeastChords = 5;
-  if (r < 1) return;
+  if (r < 1 || m_pDC == nullptr || !std::isfinite(start) || !std::isfinite(sweep)) return;
   const double wanted = std::fabs(double{sweep}) * r / (step_length(m_nPenStyle) * 2);
   const int chords = chord_count(wanted + 0.5, kLeastChords);
-  float increment = sweep / static_cast<float>(chords);
+  double increment = double{sweep} / chords;
   if (y_down) increment = -increment;
   // A negative sweep turns the chain the other way, and only its last chord goes to the end: meant
   // so.
   if (sweep < 0) increment = -increment;
-  const float first = y_down ? kTurn - start : start;
-  const auto radius = static_cast<float>(r);
-  const auto point = [&](float angle) {
-    return CPoint(round_to_pixel(static_cast<float>(cx) + radius * std::cos(angle)),
-                  round_to_pixel(static_cast<float>(cy) + radius * std::sin(angle)));
+  const double first = y_down ? kTurn - start : double{start};
+  const double end = y_down ? first - sweep : first + sweep;
+
+  SetLimit(0);
+  const CircleBox box(static_cast<float>(cx), static_cast<float>(cy), static_cast<float>(r) + 1);
+  const bool whole = box.lies_in(m_fLimit);
+  TurningPoint at(cx, cy, r, first, increment);
+  m_ptCur = at.pixel();
+  const auto line_to = [&](CPoint next) {
+    const CPoint from = std::exchange(m_ptCur, next);
+    if (!whole) {
+      line_within_limit(from, next);
+      return;
+    }
+    m_pDC->MoveTo(from);
+    m_pDC->LineTo(next);
   };
-  MoveTo(point(first));
-  for (int i = 0; i < chords; ++i) LineTo(point(first + static_cast<float>(i) * increment));
-  LineTo(point(y_down ? first - sweep : first + sweep));
+  for (int i = 0; i < chords; ++i, at.turn()) line_to(at.pixel());
+  line_to(TurningPoint(cx, cy, r, end, 0).pixel());
 }
 
 void CSafeDC::DrawPolyArc(float cx, float cy, float r, float start, float end, COLORREF color,

@@ -71,6 +71,23 @@ class DashWalk {
   bool solid_;
 };
 
+// The box around a circle, against a limit in the order of CSafeDC::m_fLimit. NaN and radii below 0
+// neither miss it nor lie in it.
+struct CircleBox {
+  CircleBox(float cx, float cy, float r)
+      : left(cx - r), top(cy - r), right(cx + r), bottom(cy + r) {}
+  bool misses(const float (&limit)[4]) const {
+    return left <= right && top <= bottom &&
+           (right < limit[0] || bottom < limit[1] || left > limit[2] || top > limit[3]);
+  }
+  bool lies_in(const float (&limit)[4]) const {
+    return left <= right && left > limit[0] && top > limit[1] && right < limit[2] &&
+           bottom < limit[3];
+  }
+
+  float left, top, right, bottom;
+};
+
 // The angle of a way, from 0 to a full turn.
 inline double direction(double dx, double dy) {
   const double angle = std::atan2(dy, dx);
