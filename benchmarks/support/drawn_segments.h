@@ -13,22 +13,16 @@ namespace brindle::benchmarks {
 class SegmentCollector final : public PaintDevice {
  public:
   const std::vector<Segment>& segments() const { return segments_; }
-  // The colour of each segment.
-  const std::vector<COLORREF>& colors() const { return colors_; }
   long others() const { return others_; }
 
   Kind kind() const override { return Kind::kRaster; }
   int caps(int) const override { return 0; }
-  void line(const PaintState& state, CPoint from, CPoint to) override {
-    segments_.push_back({from, to});
-    colors_.push_back(state.pen.color);
-  }
+  void line(const PaintState&, CPoint from, CPoint to) override { segments_.push_back({from, to}); }
   void polyline(const PaintState& state, const CPoint* points, int count) override {
     for (int i = 1; i < count; ++i) line(state, points[i - 1], points[i]);
   }
-  void set_pixel(const PaintState&, CPoint at, COLORREF color) override {
+  void set_pixel(const PaintState&, CPoint at, COLORREF) override {
     segments_.push_back({at, CPoint(at.x + 1, at.y)});
-    colors_.push_back(color);
   }
   void poly_polygon(const PaintState&, const CPoint*, const int*, int) override { ++others_; }
   void rectangle(const PaintState&, const CRect&) override { ++others_; }
@@ -59,7 +53,6 @@ class SegmentCollector final : public PaintDevice {
 
  private:
   std::vector<Segment> segments_;
-  std::vector<COLORREF> colors_;
   long others_ = 0;
 };
 
