@@ -13,8 +13,9 @@ HDC memory_context(int dpi) {
   auto device = std::make_unique<RasterDevice>(pixels, dpi);
   HDC hdc = new DeviceContext(device.get());
   hdc->own_device = std::move(device);
-  hdc->now.pixels = std::move(pixels);
   hdc->is_memory = true;
+  hdc->first_bitmap.Attach(std::move(pixels));
+  hdc->select(hdc->first_bitmap);
   return hdc;
 }
 

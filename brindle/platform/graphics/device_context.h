@@ -53,6 +53,7 @@ struct DeviceContext {
   PaintDevice* device = nullptr;  // null when the context draws on nothing
   std::unique_ptr<PaintDevice> own_device;
   bool is_memory = false;
+  CBitmap first_bitmap;  // of a memory device context: the one that it begins with
   DrawingState now;
   std::vector<DrawingState> saved;
   std::vector<CPoint> scratch;  // mapped corners of the figure being drawn

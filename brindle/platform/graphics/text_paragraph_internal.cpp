@@ -103,8 +103,9 @@ class LineBreaker {
 
   bool may_end_before(size_t i) const {
     const wchar_t before = letters_[i - 1].code, after = letters_[i].code;
-    if (is_blank(after)) return !is_blank(before);
-    if (is_blank(before)) return true;
+    // A line ends before the blanks, which no line shows.
+    if (is_blank(before)) return false;
+    if (is_blank(after)) return true;
     if ((rules_.format & DT_NOFULLWIDTHCHARBREAK) != 0) return false;
     return is_full_width(before) || is_full_width(after);
   }
