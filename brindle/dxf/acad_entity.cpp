@@ -29,6 +29,10 @@ const WText<100>& by_layer() {
   static const WText<100> name(L"BYLAYER");
   return name;
 }
+const WText<100>& continuous() {
+  static const WText<100> name(L"CONTINUOUS");
+  return name;
+}
 
 template <class Coordinate, class T>
 void transform_point(Coordinate& x, Coordinate& y, Coordinate& z, const T* rot, const T* move,
@@ -213,7 +217,7 @@ ACAD_STYLE* ACAD_ENTITY::GetStyle(const wchar_t* name) const {
 
 ACAD_LTYPE* ACAD_ENTITY::GetLType(const wchar_t* name) const {
   if (m_pDxf == nullptr) return nullptr;
-  if (std::wcscmp(name, L"BYLAYER") == 0) {
+  if (name == by_layer().c_str() || std::wcscmp(name, L"BYLAYER") == 0) {
     const ACAD_LAYER* layer = GetLayer(m_szLayer);
     return layer != nullptr ? m_pDxf->find_ltype_or_first(layer->m_szLType) : nullptr;
   }
@@ -248,7 +252,7 @@ COLORREF ACAD_ENTITY::GetColor(int index) const {
 
 int* ACAD_ENTITY::LineType_FP2DP(ACAD_LTYPE* lt, CFCoor* coor, double scale, int& n) const {
   n = 0;
-  if (lt == nullptr || coor == nullptr || lt->m_szName == L"CONTINUOUS") return nullptr;
+  if (lt == nullptr || coor == nullptr || lt->m_szName == continuous()) return nullptr;
   n = lt->dash_count();
   int* pixels = new int[static_cast<std::size_t>(n)];
   const double drawing_scale = m_pDxf != nullptr ? m_pDxf->m_dLtScale : 1.0;

@@ -71,7 +71,9 @@ COLORREF drawing_color(const ACAD_ENTITY& entity) {
   return drawing_color(entity, entity.m_nColor);
 }
 COLORREF drawing_color(const ACAD_ENTITY& entity, int index) {
-  return draws_black(shared_safe_dc().m_pDC) ? 0 : entity.GetColor(index);
+  const CDC* const dc = shared_safe_dc().m_pDC;
+  const bool on_paper = dc != nullptr && dc->m_bPrinting != 0;
+  return on_paper && GetDXFPrintColor() == 0 ? 0 : entity.GetColor(index);
 }
 
 CPoint to_device(const CFCoor* coor, double x, double y, double dx, double dy) {
@@ -103,8 +105,11 @@ void draw_grip(CDC* dc, CPoint at) {
 
 bool is_symbol_line_type(const wchar_t* name) {
   if (name == nullptr) return false;
-  if (std::wcsstr(name, L"ZDY_") != nullptr) return true;
-  if (std::wcschr(L"fFsSbBjJpP", name[0]) == nullptr) return false;
+  std::size_t length = 0;  // every line asks: one pass decides for nearly all names
+  for (; name[length] != L'\0'; ++length) {
+    if (name[length] == L'Z' && std::wcsncmp(name + length, L"ZDY_", 4) == 0) return true;
+  }
+  if (length != 3 && length != 5 && length != 6) return false;
   for (const wchar_t* special : {L"fhx", L"swx", L"bzhjcx", L"jdbzh", L"pxbzh"}) {
     if (_wcsicmp(name, special) == 0) return true;
   }
