@@ -34,9 +34,10 @@ struct RasterClip {
   template <class Paint>
   void spans(int y, std::int64_t first, std::int64_t last, Paint&& paint) const {
     if (y < box.top || y >= box.bottom) return;
-    const int left = static_cast<int>(std::max<std::int64_t>(first, box.left));
-    const int right = static_cast<int>(std::min<std::int64_t>(last, box.right));
-    if (left >= right) return;
+    first = std::max<std::int64_t>(first, box.left);
+    last = std::min<std::int64_t>(last, box.right);
+    if (first >= last) return;
+    const int left = static_cast<int>(first), right = static_cast<int>(last);
     if (!region) {
       paint(y, left, right);
       return;

@@ -34,10 +34,10 @@ struct Painting {
     clip.spans(y, first, last, [this](int row, int from, int to) { brush.span(row, from, to); });
   }
   void fill_box(std::int64_t left, std::int64_t top, std::int64_t right, std::int64_t bottom) {
-    const int first = static_cast<int>(std::max<std::int64_t>(top, clip.box.top));
-    const int end = static_cast<int>(std::min<std::int64_t>(bottom, clip.box.bottom));
     if (!brush.paints()) return;
-    for (int y = first; y < end; ++y) fill(y, left, right);
+    top = std::max<std::int64_t>(top, clip.box.top);
+    bottom = std::min<std::int64_t>(bottom, clip.box.bottom);
+    for (; top < bottom; ++top) fill(static_cast<int>(top), left, right);
   }
   void fill_polygon(PolygonFiller& filler, bool winding) {
     filler.fill(winding, [this](int y, int first, int last) { fill(y, first, last); });
@@ -152,19 +152,19 @@ void RasterDevice::round_rectangle(const PaintState& state, const CRect& given, 
   if (paint.clip.empty()) return;
   const CRect& visible = paint.clip.box;
   const RasterEllipse round(CRect(box.left, box.top, box.left + corner.cx, box.top + corner.cy));
-  const int shift_x = static_cast<int>(width - corner.cx);
-  const int shift_y = static_cast<int>(height - corner.cy);
+  const std::int64_t shift_x = width - corner.cx, shift_y = height - corner.cy;
   if (paint.brush.paints()) {
     for (int y = std::max(visible.top, box.top); y < std::min(visible.bottom, box.bottom); ++y) {
-      const double dy = std::max({round.cy - y, y - shift_y - round.cy, 0.0});
+      const double dy = std::max({round.cy - y, double(y - shift_y) - round.cy, 0.0});
       const double half = round.half_width(dy);
       paint.fill(y, static_cast<std::int64_t>(std::ceil(round.cx - half)),
-                 static_cast<std::int64_t>(std::floor(round.cx + shift_x + half)) + 1);
+                 static_cast<std::int64_t>(std::floor(round.cx + double(shift_x) + half)) + 1);
     }
   }
   if (!paint.pen.paints()) return;
   if (paint.pen.thin_solid()) {
-    round.outline(visible, shift_x, shift_y, [&](int x, int y) { paint.pen.pixel(x, y); });
+    round.outline(visible, double(shift_x), double(shift_y),
+                  [&](int x, int y) { paint.pen.pixel(x, y); });
     // The straight parts between the quarters' end pixels.
     const auto left = static_cast<std::int64_t>(std::ceil(round.cx));
     const auto right = static_cast<std::int64_t>(std::ceil(round.cx)) + shift_x;
@@ -181,9 +181,9 @@ void RasterDevice::round_rectangle(const PaintState& state, const CRect& given, 
   }
   std::vector<RealPoint> points;
   for (int quarter = 0; quarter < 4; ++quarter)
-    append_arc(points, round.cx + (quarter == 0 || quarter == 3 ? shift_x : 0),
-               round.cy + (quarter < 2 ? shift_y : 0), round.a, round.b, quarter * kFullTurn / 4,
-               (quarter + 1) * kFullTurn / 4);
+    append_arc(points, round.cx + double(quarter == 0 || quarter == 3 ? shift_x : 0),
+               round.cy + double(quarter < 2 ? shift_y : 0), round.a, round.b,
+               quarter * kFullTurn / 4, (quarter + 1) * kFullTurn / 4);
   paint.pen.curve(points, true);
 }
 

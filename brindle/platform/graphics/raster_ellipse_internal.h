@@ -36,9 +36,14 @@ struct RasterEllipse {
   // Calls pixel(x, y) once for each pixel of the curve within `visible`: one a row where it is
   // steep, one a column where it is flat. The quarters' own shifts make a rounded box of it.
   template <class Pixel>
-  void outline(const CRect& visible, int shift_x, int shift_y, Pixel&& pixel) const {
+  void outline(const CRect& visible, double shift_x, double shift_y, Pixel&& pixel) const {
     const double length = std::hypot(a, b);
-    const double steep = length > 0 ? b * b / length : 0, flat = length > 0 ? a * a / length : 0;
+    double steep = length > 0 ? b * b / length : 0, flat = length > 0 ? a * a / length : 0;
+    // A curve so flat that no row crosses its steep part, and the reverse.
+    const bool no_row = steep < 0.5 && cy != std::floor(cy);
+    const bool no_column = flat < 0.5 && cx != std::floor(cx);
+    if (no_row) flat = a;
+    if (no_column) steep = b;
     for (int side_y = -1; side_y <= 1; side_y += 2) {
       const double move_y = side_y > 0 ? shift_y : 0;
       each(visible.top - move_y, visible.bottom - move_y, cy, steep, side_y, [&](double y) {
