@@ -11,6 +11,7 @@ namespace brindle {
 // together, and so do bands that touch and have the same spans.
 class RegionBuilder {
  public:
+  void reserve(size_t rects) { rects_.reserve(rects); }
   void begin_band(int top, int bottom) {
     start_ = rects_.size();
     top_ = top;

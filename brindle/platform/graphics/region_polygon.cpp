@@ -106,6 +106,11 @@ RegionData RegionData::polygons(const CPoint* points, const int* counts, int rin
   std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a.y < b.y; });
 
   RegionBuilder out;
+  if (!edges.empty()) {
+    int last = edges.front().last;
+    for (const Edge& edge : edges) last = std::max(last, edge.last);
+    out.reserve(static_cast<size_t>(std::min(last - edges.front().y, 256)));
+  }
   size_t next = 0;
   int y = edges.empty() ? 0 : edges.front().y;
   while (next < edges.size() || !active.empty()) {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "brindle/platform/graphics/raster_bitmap.h"
+#include "brindle/platform/graphics/raster_device.h"
 #include "brindle/platform/graphics/recording_device.h"
 
 namespace brindle {
@@ -226,6 +227,35 @@ TEST(DeviceContext, DrawsInMemory) {
   EXPECT_EQ(color_of(pixels->at(0, 0)), RGB(1, 2, 3));
   EXPECT_NE(memory.SelectObject(one_pixel), nullptr);
   EXPECT_EQ(memory.GetDeviceCaps(HORZRES), 1);
+}
+
+// A polygon sets the same pixels by itself, as a region, and as a clip.
+TEST(DeviceContext, PolygonsAreTheirRegions) {
+  RasterBitmap bitmaps[3];
+  for (int seed = 1; seed <= 40; ++seed) {
+    std::vector<CPoint> ring;
+    for (unsigned i = 0, n = seed; i < 3u + seed % 9; ++i) {
+      n = n * 1103515245u + 12345u * (i + 1);
+      ring.emplace_back(static_cast<int>(n >> 16 & 127) - 14, static_cast<int>(n >> 24) / 2 - 14);
+    }
+    const int count = static_cast<int>(ring.size()), mode = seed % 2 != 0 ? WINDING : ALTERNATE;
+    for (int way = 0; way < 3; ++way) {
+      bitmaps[way].create(100, 100);
+      RasterDevice device(bitmaps[way]);
+      CDC dc(device);
+      CBrush brush(RGB(1, 2, 3));
+      CRgn region;
+      region.CreatePolygonRgn(ring.data(), count, mode);
+      dc.SelectObject(&brush);
+      dc.SelectStockObject(NULL_PEN);
+      dc.SetPolyFillMode(mode);
+      if (way == 0) dc.Polygon(ring.data(), count);
+      if (way == 1) dc.FillRgn(&region, &brush);
+      if (way == 2) dc.SelectClipRgn(&region), dc.PatBlt(0, 0, 100, 100, PATCOPY);
+    }
+    EXPECT_EQ(bitmaps[0], bitmaps[1]) << seed;
+    EXPECT_EQ(bitmaps[1], bitmaps[2]) << seed;
+  }
 }
 
 TEST(DeviceContext, TellsItsClass) {
