@@ -1,6 +1,8 @@
 // How logical units become device units.
+#include <algorithm>
 #include <climits>
 #include <cstdint>
+#include <cstdlib>
 
 #include "brindle/platform/graphics/device_context.h"
 
@@ -13,6 +15,9 @@ LONG fit(std::int64_t value) {
 
 // value * times / by to the nearest whole number, halves away from zero; `by` isn't 0.
 std::int64_t scale(std::int64_t value, int times, int by) {
+  if (std::abs(value) > INT_MAX)  // the product may not fit; such a result is beyond any device
+    return static_cast<std::int64_t>(
+        std::clamp(static_cast<double>(value) * times / by, -0x1p40, 0x1p40));
   const std::int64_t product = value * times;
   const std::int64_t half = std::abs(std::int64_t{by}) / 2;
   return (product < 0 ? product - half : product + half) / by;

@@ -1,5 +1,6 @@
 // CDC: figures with an interior, areas and frames.
 #include <algorithm>
+#include <climits>
 #include <cstdlib>
 
 #include "brindle/platform/graphics/dc.h"
@@ -89,8 +90,8 @@ BOOL CDC::Rectangle(int left, int top, int right, int bottom) {
 
 BOOL CDC::RoundRect(int left, int top, int right, int bottom, int width, int height) {
   if (device() == nullptr) return FALSE;
-  const CSize corner(std::abs(m_hDC->now.map.width_to_device(width)),
-                     std::abs(m_hDC->now.map.height_to_device(height)));
+  const CSize corner(std::abs(std::max(m_hDC->now.map.width_to_device(width), -INT_MAX)),
+                     std::abs(std::max(m_hDC->now.map.height_to_device(height), -INT_MAX)));
   m_hDC->device->round_rectangle(m_hDC->now.paint,
                                  m_hDC->to_device(CRect(left, top, right, bottom)), corner);
   return TRUE;
@@ -126,8 +127,9 @@ BOOL CDC::FrameRgn(CRgn* region, CBrush* brush, int width, int height) {
   if (device() == nullptr || !usable(region) || !usable(brush)) return FALSE;
   RegionData moved;
   const RegionData& on_device = to_device(*m_hDC, region->data(), moved);
-  const RegionData frame = frame_of(on_device, std::abs(m_hDC->now.map.width_to_device(width)),
-                                    std::abs(m_hDC->now.map.height_to_device(height)));
+  const RegionData frame =
+      frame_of(on_device, std::abs(std::max(m_hDC->now.map.width_to_device(width), -INT_MAX)),
+               std::abs(std::max(m_hDC->now.map.height_to_device(height), -INT_MAX)));
   m_hDC->device->fill_region(m_hDC->now.paint, frame, brush->data());
   return TRUE;
 }

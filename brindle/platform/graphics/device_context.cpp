@@ -1,12 +1,20 @@
 #include "brindle/platform/graphics/device_context.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstdlib>
 
 #include "brindle/platform/graphics/raster_bitmap.h"
 #include "brindle/platform/graphics/raster_device.h"
 
 namespace brindle {
+namespace {
+
+int magnitude(int length) {
+  return std::abs(std::max(length, -INT_MAX));
+}
+
+}  // namespace
 
 DeviceContext::DeviceContext(PaintDevice* device_) : device(device_) {
   select(*static_cast<CPen*>(stock_object(BLACK_PEN)));
@@ -92,11 +100,10 @@ void DeviceContext::set_clip(std::shared_ptr<const RegionData> clip) {
 }
 
 void DeviceContext::remap() {
-  now.paint.pen.width = std::abs(now.map.width_to_device(now.pen_width));
-  now.paint.font.lfHeight = now.map.height_to_device(now.font_height);
-  if ((now.font_height < 0) != (now.paint.font.lfHeight < 0))
-    now.paint.font.lfHeight = -now.paint.font.lfHeight;
-  now.paint.font.lfWidth = std::abs(now.map.width_to_device(now.font_width));
+  now.paint.pen.width = magnitude(now.map.width_to_device(now.pen_width));
+  const int height = magnitude(now.map.height_to_device(now.font_height));
+  now.paint.font.lfHeight = now.font_height < 0 ? -height : height;
+  now.paint.font.lfWidth = magnitude(now.map.width_to_device(now.font_width));
 }
 
 const CPoint* DeviceContext::to_device(const POINT* points, int count) {

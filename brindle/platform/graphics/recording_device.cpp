@@ -1,5 +1,8 @@
 #include "brindle/platform/graphics/recording_device.h"
 
+#include <algorithm>
+#include <climits>
+#include <cstdint>
 #include <cstdlib>
 
 #include "brindle/platform/base/code_page.h"
@@ -10,8 +13,10 @@ namespace {
 
 using Call = RecordedCall;
 
+constexpr int kLargest = 1 << 20;  // what measures of a font are cut to
+
 int em_of(const LOGFONT& font) {
-  return font.lfHeight != 0 ? std::abs(font.lfHeight) : 16;
+  return font.lfHeight != 0 ? std::abs(std::clamp(font.lfHeight, -kLargest, kLargest)) : 16;
 }
 
 int bytes_of(std::wstring_view words) {
@@ -151,8 +156,10 @@ void RecordingDevice::transformed_text(const PaintState& state, const Transforme
 
 CSize RecordingDevice::text_extent(const PaintState& state, std::wstring_view words) {
   const int em = em_of(state.font);
-  const int per_byte = state.font.lfWidth != 0 ? std::abs(state.font.lfWidth) * 2 : em;
-  return {bytes_of(words) * per_byte / 2 + static_cast<int>(words.size()) * state.char_extra, em};
+  const int wide = std::abs(std::clamp(state.font.lfWidth, -kLargest, kLargest));
+  const std::int64_t width = std::int64_t{bytes_of(words)} * (wide != 0 ? 2 * wide : em) / 2 +
+                             static_cast<std::int64_t>(words.size()) * state.char_extra;
+  return {static_cast<int>(std::clamp<std::int64_t>(width, 0, INT_MAX)), em};
 }
 
 void RecordingDevice::font_metrics(const PaintState& state, TEXTMETRIC& metrics) {
