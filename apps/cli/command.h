@@ -26,6 +26,7 @@ const std::vector<const Command*>& all_commands();
 
 extern const Command kInfoCommand;
 extern const Command kConvertCommand;
+extern const Command kRenderCommand;
 extern const Command kMeshCommand;
 
 }  // namespace brindle::cli

@@ -4,7 +4,7 @@ namespace brindle::cli {
 
 const std::vector<const Command*>& all_commands() {
   static const std::vector<const Command*> commands = {&kInfoCommand, &kConvertCommand,
-                                                       &kMeshCommand};
+                                                       &kRenderCommand, &kMeshCommand};
   return commands;
 }
 

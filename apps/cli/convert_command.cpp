@@ -1,8 +1,9 @@
-// `brindle convert`: a drawing into another dialect.
+// `brindle convert`: a drawing into another form.
 #include "apps/cli/command.h"
 #include "apps/cli/console.h"
 #include "apps/cli/drawing.h"
 #include "apps/cli/drawing_survey.h"
+#include "brindle/dxf/binary_drawing.h"
 #include "brindle/platform/base/code_page.h"
 #include "brindle/platform/base/stream.h"
 
@@ -25,18 +26,19 @@ void complete_tables(DXF& drawing) {
 
 ExitStatus run_convert(const Arguments& arguments) {
   const std::string& dialect = arguments.value("--to");
-  if (dialect != "r12" && dialect != "2000") {
-    throw UsageError("--to takes r12 or 2000, not \"" + dialect + "\"");
+  if (dialect != "r12" && dialect != "2000" && dialect != "dxb") {
+    throw UsageError("--to takes r12, 2000 or dxb, not \"" + dialect + "\"");
   }
   const std::wstring from = from_path(arguments.operands[0]);
   const std::wstring to = from_path(arguments.operands[1]);
   DXF drawing;
   if (!load_drawing(from, drawing)) return kBadInput;
-  tell_losses(from);
+  if (!is_binary_drawing(from)) tell_losses(from);
   complete_tables(drawing);
-  const int written = dialect == "2000" ? drawing.Write_MemDxf_To_File2000(to.c_str())
-                                        : drawing.Write_MemDxf_To_File(
-                                              to.c_str(), arguments.has("--hatches") ? 1 : 0);
+  const int written = dialect == "dxb" ? SaveDxb(&drawing, to.c_str())
+                      : dialect == "2000"
+                          ? drawing.Write_MemDxf_To_File2000(to.c_str())
+                          : drawing.Write_MemDxf_To_File(to.c_str(), arguments.has("--hatches"));
   if (written != 0) return kDone;
   complain(wformat(L"can't write %s", to));
   return kBadInput;
@@ -46,13 +48,13 @@ ExitStatus run_convert(const Arguments& arguments) {
 
 const Command kConvertCommand = {
     "convert",
-    {"IN.dxf", "OUT.dxf"},
-    "--to r12|2000",
-    "write a drawing in another dialect",
-    "Text goes out in the process's code page, whatever the encoding of IN.dxf. OUT.dxf may be\n"
-    "IN.dxf: the old file stays until the new one is complete.",
-    {{"--to", "DIALECT", "r12, or 2000 for AC1015"},
-     {"--hatches", "", "hatches go into an r12 file too (2000 always has them)"}},
+    {"IN", "OUT"},
+    "--to r12|2000|dxb",
+    "write a drawing in another form",
+    "IN is a DXF file or a binary drawing. Text goes into a DXF file in the process's code page,\n"
+    "whatever the encoding of IN. OUT may be IN: the old file stays until the new one is complete.",
+    {{"--to", "DIALECT", "r12, 2000 for AC1015, or dxb, the binary form"},
+     {"--hatches", "", "hatches go into an r12 file too (the others always have them)"}},
     run_convert,
 };
 

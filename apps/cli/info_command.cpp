@@ -95,11 +95,16 @@ ExitStatus run_info(const Arguments& arguments) {
   const std::wstring path = from_path(arguments.operands[0]);
   DXF drawing;
   if (!load_drawing(path, drawing)) return kBadInput;
-  const DrawingSurvey survey = survey_drawing(path);
   print(L"drawing %s", printable(path));
-  print(L"version %s", survey.encoding.version.empty() ? std::wstring(L"none told")
-                                                       : ascii(survey.encoding.version));
-  print(L"encoding %s", encoding_of(survey.encoding));
+  DrawingSurvey survey;
+  if (is_binary_drawing(path)) {
+    print(L"version binary");
+  } else {
+    survey = survey_drawing(path);
+    print(L"version %s", survey.encoding.version.empty() ? std::wstring(L"none told")
+                                                         : ascii(survey.encoding.version));
+    print(L"encoding %s", encoding_of(survey.encoding));
+  }
   print(L"line type scale %.10g", drawing.m_dLtScale);
   print_line_types(drawing);
   print_layers(drawing);
