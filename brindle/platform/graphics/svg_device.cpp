@@ -84,7 +84,7 @@ SvgDevice::SvgDevice(const wchar_t* path, CSize size, double dpi)
 SvgDevice::~SvgDevice() = default;
 
 int SvgDevice::caps(int index) const {
-  return writer_->extent.caps(index, DT_METAFILE);
+  return writer_->extent.caps(index, DT_PLOTTER);
 }
 
 void SvgDevice::line(const PaintState& state, CPoint from, CPoint to) {

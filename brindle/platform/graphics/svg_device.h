@@ -20,8 +20,10 @@ class SvgDevice : public FileDevice {
   SvgDevice(const wchar_t* path, CSize size, double dpi = 96);
   ~SvgDevice() override;
 
-  Kind kind() const override { return Kind::kMetafile; }
-  // As a metafile's.
+  // A page: entities keep their colours on it where these are asked for, and stand out from the
+  // background, which a metafile has none of.
+  Kind kind() const override { return Kind::kPrinter; }
+  // As a plotter's.
   int caps(int index) const override;
 
   void line(const PaintState& state, CPoint from, CPoint to) override;
