@@ -76,6 +76,20 @@ TEST_F(Saving, KeepsTheOldFileWhenTheDiskIsFull) {
   }
 }
 
+// What was lost in the middle isn't forgotten when the disk has room again.
+TEST_F(Saving, KeepsTheOldFileAfterAPassingFault) {
+  put("a", "old");
+  SaveFile save(path("a").c_str());
+  const std::string much(100000, 'x');
+  {
+    const ResourceLimit full(RLIMIT_FSIZE, 1000);
+    std::fputs(much.c_str(), save.stream());
+  }
+  std::fputs("rest", save.stream());
+  EXPECT_FALSE(save.commit());
+  EXPECT_EQ(content("a"), "old");
+}
+
 TEST_F(Saving, WritesStraightToADevice) {
   SaveFile full(L"/dev/full");
   ASSERT_NE(full.stream(), nullptr);
