@@ -47,7 +47,7 @@ struct EllipseArc {
 std::vector<CPoint> arc_corners(const EllipseArc& arc, PaintDevice::ArcForm form);
 
 // The edge of a region, to be filled in ALTERNATE mode. With `smooth`, the stairs of slanting edges
-// become straight lines that leave them by less than a unit.
+// become straight lines that leave them by about a unit.
 Rings region_outline(const RegionData& region, bool smooth);
 
 // Cuts gradient triangles into patches of one colour, steps of at most 8 of 255 a part, and hands

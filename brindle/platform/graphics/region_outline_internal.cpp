@@ -1,6 +1,7 @@
 // The edge of a region as polygons.
 #include <algorithm>
 #include <cmath>
+#include <compare>
 #include <cstdlib>
 #include <unordered_map>
 
@@ -11,37 +12,50 @@ namespace brindle {
 namespace {
 
 // Corners of the outline, each with the corner at the other end of its level edge and of its
-// upright edge: where no corner stands, the edges of neighbours go on or take each other out.
+// upright edge.
 struct Corner {
   CPoint at;
   int level = -1, upright = -1;
 };
 
-// The x where coverage changes in a band; bands have their rectangles from left to right.
-std::vector<int> changes(std::span<const CRect> rects, std::size_t& next) {
-  std::vector<int> xs;
+// Where coverage starts or ends in a band. At one x the end comes first.
+struct Change {
+  int x;
+  bool starts;
+  auto operator<=>(const Change&) const = default;
+};
+
+// Those of the band that begins with rectangle `next`, which moves on to the next band.
+std::vector<Change> changes(std::span<const CRect> rects, std::size_t& next) {
+  std::vector<Change> out;
   const int top = rects[next].top;
   for (; next < rects.size() && rects[next].top == top; ++next) {
-    xs.insert(xs.end(), {rects[next].left, rects[next].right});
+    out.push_back({rects[next].left, true});
+    out.push_back({rects[next].right, false});
   }
-  return xs;
+  return out;
 }
 
 class Tracer {
  public:
-  // The line between two bands (empty for none): corners stand where only one of them changes.
-  void boundary(int y, const std::vector<int>& above, const std::vector<int>& below) {
-    std::vector<int> xs;
+  // The line between two bands (empty for none): corners stand where only one of them changes, and
+  // two at one point where areas touch by their corners, so that rings don't cross there.
+  void boundary(int y, const std::vector<Change>& above, const std::vector<Change>& below) {
+    std::vector<Change> only_one;
     std::set_symmetric_difference(above.begin(), above.end(), below.begin(), below.end(),
-                                  std::back_inserter(xs));
-    for (std::size_t i = 0; i < xs.size(); ++i) {
+                                  std::back_inserter(only_one));
+    const int first = int(corners_.size());
+    for (std::size_t i = 0; i < only_one.size(); ++i) {
       const int index = int(corners_.size());
-      corners_.push_back({{xs[i], y}, i % 2 == 0 ? index + 1 : index - 1});
-      const auto [open, opened] = open_.try_emplace(xs[i], index);
-      if (opened) continue;
+      corners_.push_back({{only_one[i].x, y}, i % 2 == 0 ? index + 1 : index - 1});
+      if (!std::binary_search(above.begin(), above.end(), only_one[i])) continue;
+      const auto open = open_.find(only_one[i].x);
       corners_[index].upright = open->second;
       corners_[open->second].upright = index;
       open_.erase(open);
+    }
+    for (int index = first; index < int(corners_.size()); ++index) {
+      if (corners_[index].upright < 0) open_[corners_[index].at.x] = index;
     }
   }
 
@@ -109,7 +123,7 @@ void keep_corners(const std::vector<CPoint>& ring, int first, int last, double t
 }
 
 std::vector<CPoint> straightened(std::vector<CPoint> ring) {
-  constexpr double kTolerance = 0.9, kAreaChange = 0.05;
+  constexpr double kTolerance = 1.25, kAreaChange = 0.05;
   constexpr int kPlainCorners = 4, kMostCorners = 20000;
   const int count = int(ring.size());
   if (count <= kPlainCorners || count > kMostCorners) return ring;
@@ -139,7 +153,7 @@ std::vector<CPoint> straightened(std::vector<CPoint> ring) {
 Rings region_outline(const RegionData& region, bool smooth) {
   Tracer tracer;
   const std::span<const CRect> rects = region.rects();
-  std::vector<int> above;
+  std::vector<Change> above;
   int bottom = 0;
   for (std::size_t next = 0; next < rects.size();) {
     const CRect& first = rects[next];
@@ -148,7 +162,7 @@ Rings region_outline(const RegionData& region, bool smooth) {
       tracer.boundary(bottom, above, {});
       above.clear();
     }
-    std::vector<int> below = changes(rects, next);
+    std::vector<Change> below = changes(rects, next);
     tracer.boundary(top, above, below);
     above = std::move(below);
     bottom = band_bottom;

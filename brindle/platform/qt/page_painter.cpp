@@ -86,6 +86,7 @@ bool PagePainter::begin(QPagedPaintDevice& page, double scale) {
   page_ = &page;
   scale_ = scale;
   if (!painter_.begin(&page)) return false;
+  painter_.setRenderHint(QPainter::LosslessImageRendering);
   painter_.scale(scale_, scale_);
   painter_.translate(kHalfPixel, kHalfPixel);
   return true;
