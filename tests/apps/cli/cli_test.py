@@ -1,6 +1,7 @@
 """The command line program, driven as a user does."""
 
 import os
+import struct
 import subprocess
 import tempfile
 import unittest
@@ -60,9 +61,9 @@ class CommandLine(unittest.TestCase):
         for words in (["--help"], ["-h"], ["help"]):
             status, output, errors = self.run_program(*words)
             self.assertEqual((status, errors), (0, ""))
-            for command in "info", "convert", "mesh":
+            for command in "info", "convert", "render", "mesh":
                 self.assertIn(f"\n  {command} ", output)
-        for command in "info", "convert", "mesh":
+        for command in "info", "convert", "render", "mesh":
             for words in ([command, "--help"], [command, "a", "b", "c", "-h"]):
                 status, output, errors = self.run_program(*words)
                 self.assertEqual((status, errors), (0, ""))
@@ -77,13 +78,19 @@ class CommandLine(unittest.TestCase):
             (["info", "a", "b"], "surplus argument b"),
             (["info", "--all", "a"], "unknown option --all"),
             (["info", "--", "--help", "b"], "surplus argument b"),
-            (["convert", "--to", "r12"], "IN.dxf is missing"),
-            (["convert", "a", "--to", "r12"], "OUT.dxf is missing"),
+            (["convert", "--to", "r12"], "IN is missing"),
+            (["convert", "a", "--to", "r12"], "OUT is missing"),
             (["convert", "a", "b"], "option --to is missing"),
             (["convert", "a", "b", "--to"], "option --to needs a value"),
-            (["convert", "a", "b", "--to", "r13"], "--to takes r12 or 2000, not \"r13\""),
-            (["convert", "a", "b", "--to="], "--to takes r12 or 2000, not \"\""),
+            (["convert", "a", "b", "--to", "r13"], "--to takes r12, 2000 or dxb, not \"r13\""),
+            (["convert", "a", "b", "--to="], "--to takes r12, 2000 or dxb, not \"\""),
             (["convert", "a", "b", "--to=r12", "--to=r12"], "option --to is given twice"),
+            (["render", "a", "b.bmp"], "ends with .png, .pdf, .svg, .wmf or .emf"),
+            (["render", "a", "b.png", "--size", "100"], "--size takes WxH"),
+            (["render", "a", "b.png", "--size", "0x9"], "--size takes WxH"),
+            (["render", "a", "b.png", "--size", "99999x9"], "--size takes WxH"),
+            (["render", "a", "b.png", "--background", "red"], "--background takes black or white"),
+            (["render", "a", "b.png", "--view", "30"], "--view takes two angles"),
             (["convert", "a", "b", "--to=r12", "--hatches=1"], "option --hatches takes no value"),
         ]
         for words, message in cases:
@@ -212,6 +219,48 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(self.run_program("convert", "--to", "2000", "--", "--to", "-h")[0], 0)
         self.assertTrue((self.folder / "-h").exists())
         self.assertIn("LINE: 2", self.info("./-h"))
+
+    def test_binary_form_keeps_the_drawing(self):
+        name = self.write("a.dxf", DRAWING)
+        self.assertEqual(self.run_program("convert", name, "a.dxb", "--to", "dxb"), (0, "", ""))
+        text, binary = self.info(name), self.info("a.dxb")
+        self.assertIn("version binary", binary)
+        self.assertEqual(binary[binary.index("line type scale"):],
+                         text[text.index("line type scale"):])
+        self.assertEqual(self.run_program("convert", "a.dxb", "b.dxf", "--to", "r12"), (0, "", ""))
+        self.assertEqual(len(ezdxf.readfile(self.folder / "b.dxf").modelspace()), 3)
+
+    def test_render_makes_every_form(self):
+        name = self.write("a.dxf", DRAWING.replace("62\n-3", "62\n3"))
+        starts = {"png": b"\x89PNG", "pdf": b"%PDF", "svg": b"<?xml", "wmf": b"\xd7\xcd\xc6\x9a",
+                  "emf": b"\x01\0\0\0"}
+        for form, start in starts.items():
+            with self.subTest(form):
+                done = self.run_program("render", name, "a." + form, "--size=640x480")
+                self.assertEqual(done, (0, "", ""))
+                self.assertTrue((self.folder / ("a." + form)).read_bytes().startswith(start))
+        picture = (self.folder / "a.png").read_bytes()
+        self.assertEqual(struct.unpack(">II", picture[16:24]), (640, 480))
+        # The line runs from the lower left to the upper right of what is free of the margin.
+        svg = (self.folder / "a.svg").read_text()
+        self.assertIn("#00ff00", svg.lower())
+        for view, size in ((["--view", "30,60"], 1600), (["--background=black"], 1600)):
+            self.assertEqual(self.run_program("render", name, "b.png", *view), (0, "", ""))
+            picture = (self.folder / "b.png").read_bytes()
+            self.assertEqual(struct.unpack(">I", picture[16:20]), (size,))
+
+    def test_render_tells_what_is_missing_and_draws_the_rest(self):
+        insert = "  0\nINSERT\n  8\n0\n  2\n节点\n 10\n0.0\n 20\n0.0\n"
+        ring = BLOCKS.replace("  0\nENDBLK", insert + "  0\nENDBLK")
+        name = self.write("a.dxf", TABLES + ring + entities(insert + LINE))
+        status, _, errors = self.run_program("render", name, "a.svg", "--fonts", "nowhere")
+        self.assertEqual(status, 0)
+        self.assertIn("nowhere/TXT.SHX is missing", errors)
+        self.assertIn("节点", errors)
+        self.assertGreater(len((self.folder / "a.svg").read_bytes()), 500)
+        status, _, errors = self.run_program("render", "missing.dxf", "b.svg")
+        self.assertEqual(status, 1)
+        self.assertFalse((self.folder / "b.svg").exists())
 
     def test_mesh_draws_the_slab(self):
         slab = Path(os.environ["BRINDLE_SOURCE_DIR"]) / "examples/data/slab.txt"
