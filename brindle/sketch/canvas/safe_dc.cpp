@@ -141,24 +141,13 @@ int CSafeDC::LineTo(int x, int y) {
   return line_within_limit(std::exchange(m_ptCur, CPoint(x, y)), m_ptCur);
 }
 
-int CSafeDC::line_within_limit(CPoint from, CPoint to) {
-  if (m_pDC == nullptr) return 0;
-  if (!within_limit(from) || !within_limit(to)) {
-    auto x1 = static_cast<float>(from.x), y1 = static_cast<float>(from.y);
-    auto x2 = static_cast<float>(to.x), y2 = static_cast<float>(to.y);
-    if (!CutLine(x1, y1, x2, y2)) return 0;
-    from = CPoint(truncate_to_int(x1), truncate_to_int(y1));
-    to = CPoint(truncate_to_int(x2), truncate_to_int(y2));
-  }
-  m_pDC->MoveTo(from);
-  m_pDC->LineTo(to);
+int CSafeDC::cut_line(CPoint from, CPoint to) {
+  auto x1 = static_cast<float>(from.x), y1 = static_cast<float>(from.y);
+  auto x2 = static_cast<float>(to.x), y2 = static_cast<float>(to.y);
+  if (!CutLine(x1, y1, x2, y2)) return 0;
+  m_pDC->MoveTo(truncate_to_int(x1), truncate_to_int(y1));
+  m_pDC->LineTo(truncate_to_int(x2), truncate_to_int(y2));
   return 1;
-}
-
-bool CSafeDC::within_limit(CPoint p) const {
-  const auto x = static_cast<float>(p.x), y = static_cast<float>(p.y);
-  return x >= m_fLimit[kLeft] && x <= m_fLimit[kRight] && y >= m_fLimit[kTop] &&
-         y <= m_fLimit[kBottom];
 }
 
 COLORREF CSafeDC::SetPixel(int x, int y, COLORREF color) {

@@ -104,6 +104,7 @@ class CSafeDC {
   bool within_limit(CPoint p) const;
   // A line with the device's pen, clipped to the limit as it is; 0 when nothing is left.
   int line_within_limit(CPoint from, CPoint to);
+  int cut_line(CPoint from, CPoint to);
 };
 
 // The canvas of all entity drawing. Who draws sets the device; who changes the pen style sets it

@@ -52,7 +52,7 @@ int CSafeDC::Arc(int left, int top, int right, int bottom, int x3, int y3, int x
   auto end = static_cast<float>(direction(x4 - double{centre.x}, double{centre.y} - y4));
   if (end < start || (x3 == x4 && y3 == y4)) end += static_cast<float>(kTurn);
   DrawArc(round_to_pixel(centre.x), round_to_pixel(centre.y),
-          round_to_pixel(static_cast<float>(std::hypot(dx, dy))), start, end - start, 1);
+          round_to_pixel(static_cast<float>(std::sqrt(dx * dx + dy * dy))), start, end - start, 1);
   return 1;
 }
 
@@ -62,7 +62,7 @@ int CSafeDC::PolyArc(const tagRECT* box, tagPOINT p1, tagPOINT p2, COLORREF colo
   if (m_pDC == nullptr) return 0;
   const CFPoint centre = centre_of(*box);
   const double dx = p2.x - double{centre.x}, dy = p2.y - double{centre.y};
-  const auto radius = static_cast<float>(std::hypot(dx, dy));
+  const auto radius = static_cast<float>(std::sqrt(dx * dx + dy * dy));
   const auto start = static_cast<float>(direction(dx, dy));
   auto end = static_cast<float>(direction(p1.x - double{centre.x}, p1.y - double{centre.y}));
   if (end < start) end += static_cast<float>(kTurn);
@@ -122,7 +122,6 @@ void CSafeDC::DrawArc(int cx, int cy, int r, float start, float sweep, int y_dow
   // so.
   if (sweep < 0) increment = -increment;
   const double first = y_down ? kTurn - start : double{start};
-  const double end = y_down ? first - sweep : first + sweep;
 
   SetLimit(0);
   const CircleBox box(static_cast<float>(cx), static_cast<float>(cy), static_cast<float>(r) + 1);
@@ -139,7 +138,9 @@ void CSafeDC::DrawArc(int cx, int cy, int r, float start, float sweep, int y_dow
     m_pDC->LineTo(next);
   };
   for (int i = 0; i < chords; ++i, at.turn()) line_to(at.pixel());
-  line_to(TurningPoint(cx, cy, r, end, 0).pixel());
+  // Where the chain ends when it runs the right way.
+  if (sweep < 0) at = TurningPoint(cx, cy, r, y_down ? first - sweep : first + sweep, 0);
+  line_to(at.pixel());
 }
 
 void CSafeDC::DrawPolyArc(float cx, float cy, float r, float start, float end, COLORREF color,

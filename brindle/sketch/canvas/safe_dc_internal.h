@@ -102,3 +102,21 @@ inline bool outlines_wide_figures(const CSafeDC& canvas) {
 }
 
 }  // namespace brindle::canvas_internal
+
+namespace brindle {
+
+inline bool CSafeDC::within_limit(CPoint p) const {
+  const auto x = static_cast<float>(p.x), y = static_cast<float>(p.y);
+  return x >= m_fLimit[0] && x <= m_fLimit[2] && y >= m_fLimit[1] && y <= m_fLimit[3];
+}
+
+inline int CSafeDC::line_within_limit(CPoint from, CPoint to) {
+  if (m_pDC == nullptr) return 0;
+  // What needs no cut is what CutLine leaves as it is.
+  if (!within_limit(from) || !within_limit(to)) return cut_line(from, to);
+  m_pDC->MoveTo(from);
+  m_pDC->LineTo(to);
+  return 1;
+}
+
+}  // namespace brindle

@@ -38,12 +38,12 @@ namespace {
 
 // A line's frame: points at a way along it and to its right.
 struct LineFrame {
-  LineFrame(float x1, float y1, float x2, float y2) : x(x1), y(y1) {
-    const double dx = double{x2} - x1, dy = double{y2} - y1;
-    length = std::sqrt(dx * dx + dy * dy);
-    cosine = dx / length;
-    sine = dy / length;
-  }
+  LineFrame(float x1, float y1, float x2, float y2, double length_)
+      : x(x1),
+        y(y1),
+        length(length_),
+        cosine((double{x2} - x1) / length),
+        sine((double{y2} - y1) / length) {}
   CPoint at(double along, double right = 0) const {
     return {truncate_to_int(static_cast<float>(x + cosine * along + sine * right)),
             truncate_to_int(static_cast<float>(y + sine * along - cosine * right))};
@@ -56,16 +56,18 @@ struct LineFrame {
 
 void CSafeDC::DrawPolyLine(float x1, float y1, float x2, float y2, COLORREF color, int n,
                            const int* dash, float w1, float w2) {
-  const LineFrame line(x1, y1, x2, y2);
-  if (m_pDC == nullptr || !(line.length >= kNoLength)) return;
+  const double dx = double{x2} - x1, dy = double{y2} - y1;
+  const double length = std::sqrt(dx * dx + dy * dy);
+  if (m_pDC == nullptr || !(length >= kNoLength)) return;
   const bool thin = w1 <= 1 && w2 <= 1;
-  DashWalk pattern(n, dash, line.length);
+  DashWalk pattern(n, dash, length);
   if (thin && pattern.solid()) {
     const ColorPen pen(*this, color);
     m_pDC->MoveTo(truncate_to_int(x1), truncate_to_int(y1));
     m_pDC->LineTo(truncate_to_int(x2), truncate_to_int(y2));
     return;
   }
+  const LineFrame line(x1, y1, x2, y2, length);
   const auto stroke = [this](CPoint from, CPoint to) {
     m_pDC->MoveTo(from);
     m_pDC->LineTo(to);
