@@ -28,6 +28,17 @@ bool is_opaque(const RasterBitmap& picture) {
                      [](std::uint32_t pixel) { return pixel >> 24 == 0xff; });
 }
 
+// Whether the file is long enough for so many pixels: compressed as far as the format can, with one
+// bit a pixel.
+bool can_hold(std::FILE* file, const png_image& image) {
+  constexpr double kMostCompressed = 1032;
+  const long here = std::ftell(file);
+  if (here < 0 || std::fseek(file, 0, SEEK_END) != 0) return true;  // a pipe
+  const long size = std::ftell(file);
+  if (std::fseek(file, here, SEEK_SET) != 0) return false;
+  return double{1} * image.width * image.height / 8 <= kMostCompressed * static_cast<double>(size);
+}
+
 void silent(png_structp, png_const_charp) {}
 void give_up(png_structp png, png_const_charp) {
   png_longjmp(png, 1);
@@ -87,7 +98,7 @@ bool read_png(const wchar_t* path, RasterBitmap& picture) {
   if (!png_image_begin_read_from_stdio(&image, file.get())) return false;
   RasterBitmap read;
   const auto side = static_cast<png_uint_32>(RasterBitmap::kMaxSide);
-  if (image.width > side || image.height > side ||
+  if (image.width > side || image.height > side || !can_hold(file.get(), image) ||
       !read.create(static_cast<int>(image.width), static_cast<int>(image.height))) {
     png_image_free(&image);
     return false;
