@@ -186,17 +186,39 @@ void write_body(DXF& drawing, BinaryWriter& stream) {
   }
 }
 
-// The whole file's bytes; false when it can't be read.
-bool read_bytes(const wchar_t* path, std::string& bytes) {
-  FILE* file = _wfopen(path, L"rb");
-  if (file == nullptr) return false;
-  char chunk[1 << 16];
-  for (std::size_t got; (got = std::fread(chunk, 1, sizeof chunk, file)) != 0;) {
-    bytes.append(chunk, got);
+// How many bytes the file has; false for what isn't a file with an end.
+bool size_of(FILE* file, std::size_t& size) {
+  if (std::fseek(file, 0, SEEK_END) != 0) return false;
+  const long end = std::ftell(file);
+  std::rewind(file);
+  size = static_cast<std::size_t>(end);
+  return end >= 0;
+}
+
+int load(DXF* drawing, FILE* file, std::size_t size, bool wide_numbers) {
+  BinaryReader stream(file, size, wide_numbers);
+  std::wstring header;
+  for (std::size_t i = 0; i < kHeaderCharacters; ++i) {
+    std::uint16_t unit = 0;
+    stream.plain(unit);
+    header.push_back(static_cast<wchar_t>(unit));
   }
-  const bool damaged = std::ferror(file) != 0;
-  std::fclose(file);
-  return !damaged;
+  if (header.compare(0, kMarkLength, kMark, 0, kMarkLength) != 0) {
+    tell_error(301, L"DXB文件标志错误 !");
+    return 0;
+  }
+  const double version = parse_double(header.c_str() + kVersionAt);
+  drawing->Clear();
+  drawing->m_bMemMode = 1;
+  drawing->m_nState = DXF::kWriting;
+  try {
+    read_body(*drawing, stream, version, !wide_numbers);
+  } catch (const std::bad_alloc&) {
+    tell_error(301, L"Out of memery in New DXF File !");
+    drawing->Clear();
+    return 0;
+  }
+  return 1;
 }
 
 }  // namespace
@@ -222,31 +244,12 @@ int SaveDxb(DXF* drawing, const wchar_t* path) {
 
 int LoadDxb(DXF* drawing, const wchar_t* path, int bDouble) {
   if (drawing == nullptr || path == nullptr) return 0;
-  std::string bytes;
-  if (!read_bytes(path, bytes)) return 0;
-  BinaryReader stream(bytes, bDouble != 0);
-  std::wstring header;
-  for (std::size_t i = 0; i < kHeaderCharacters; ++i) {
-    std::uint16_t unit = 0;
-    stream.plain(unit);
-    header.push_back(static_cast<wchar_t>(unit));
-  }
-  if (header.compare(0, kMarkLength, kMark, 0, kMarkLength) != 0) {
-    tell_error(301, L"DXB文件标志错误 !");
-    return 0;
-  }
-  const double version = parse_double(header.c_str() + kVersionAt);
-  drawing->Clear();
-  drawing->m_bMemMode = 1;
-  drawing->m_nState = DXF::kWriting;
-  try {
-    read_body(*drawing, stream, version, bDouble == 0);
-  } catch (const std::bad_alloc&) {
-    tell_error(301, L"Out of memery in New DXF File !");
-    drawing->Clear();
-    return 0;
-  }
-  return 1;
+  FILE* file = _wfopen(path, L"rb");
+  if (file == nullptr) return 0;
+  std::size_t size = 0;
+  const int loaded = size_of(file, size) ? load(drawing, file, size, bDouble != 0) : 0;
+  std::fclose(file);
+  return loaded;
 }
 
 }  // namespace brindle

@@ -38,6 +38,9 @@ class BinaryNames {
     }
   }
 
+  // A new entity of a kind with its defaults, null for no kind; owned by the caller.
+  Varnholt::ACAD_ENTITY* create(int kind);
+
   // Whether entities have their three extended words.
   bool extended_words() const { return extended_words_; }
 
@@ -59,6 +62,7 @@ class BinaryNames {
   const bool extended_words_;
   const WText<100> by_layer_{L"BYLAYER"};
   int last_layer_ = 0, last_line_type_ = 0;
+  std::unique_ptr<Varnholt::ACAD_ENTITY> patterns_[Varnholt::kEntityNone];
 };
 
 // Null for a kind that isn't known: nothing but the kind is taken from the file then. Owned by the
