@@ -1,6 +1,7 @@
 // Shape fonts, on small ones made here and on those that the library ships.
 #include "brindle/dxf/shx_font.h"
 
+#include <GL/gl.h>
 #include <gtest/gtest.h>
 
 #include <map>
@@ -13,7 +14,10 @@
 #include "brindle/platform/base/assets.h"
 #include "brindle/platform/base/code_page.h"
 #include "brindle/platform/graphics/dc.h"
+#include "brindle/platform/graphics/glyph_renderer.h"
+#include "brindle/platform/graphics/raster_bitmap.h"
 #include "brindle/platform/graphics/recording_device.h"
+#include "brindle/platform/opengl/offscreen_context.h"
 #include "tests/dxf/drawing_file.h"
 
 namespace brindle {
@@ -323,6 +327,60 @@ TEST(TrueTypeDrawTest, PutsTheOriginBesideAndAbove) {
   EXPECT_NEAR(call.run.m21, 1, 1e-12);
   EXPECT_NEAR(call.run.dx, 100 - 60 * 1.186, 1e-9);
   EXPECT_NEAR(call.run.dy, 200 - 0.5 * 60 * (1.42 - 1.36) / 6, 1e-9);
+}
+
+// Every character is a square of 1 em with a hole of half that.
+class SquareRenderer : public GlyphRenderer {
+ public:
+  SquareRenderer() : before_(set_glyph_renderer(this)) {}
+  ~SquareRenderer() override { set_glyph_renderer(before_); }
+  bool metrics(const GlyphFont&, GlyphMetrics&) override { return false; }
+  bool advances(const GlyphFont& font, std::wstring_view words, std::vector<double>& out) override {
+    out.assign(words.size(), 2 * font.em_size);
+    return true;
+  }
+  bool render(const GlyphFont&, std::wstring_view, const double*, const GlyphMap&, const CRect&,
+              GlyphMask&) override {
+    return false;
+  }
+  bool outline(const GlyphFont& font, std::wstring_view, const double*, const GlyphMap&, double,
+               GlyphOutline& out) override {
+    const double a = font.em_size, q = a / 4;
+    out.rings = {{{0, 0}, {a, 0}, {a, -a}, {0, -a}},
+                 {{q, -q}, {q, -3 * q}, {3 * q, -3 * q}, {3 * q, -q}}};
+    return true;
+  }
+
+ private:
+  GlyphRenderer* before_;
+};
+
+TEST_F(ShxFontTest, DrawsOutlinesInOpenGl) {
+  const auto context = OffscreenContext::create(64, 64);
+  if (context == nullptr) GTEST_SKIP() << "no OpenGL driver";
+  const SquareRenderer renderer;
+  const auto font = fonts();
+  font->FormTxtList(nullptr);
+  EXPECT_FLOAT_EQ(font->m_glyphMetrics['A'].gmfCellIncX, 2);
+  EXPECT_FLOAT_EQ(font->m_glyphMetrics['A'].gmfptGlyphOrigin.y, 1);
+  glMatrixMode(GL_PROJECTION);
+  glOrtho(0, 64, 0, 64, -1, 1);
+  glMatrixMode(GL_MODELVIEW);
+  glClearColor(0, 0, 0, 1);
+  glClear(GL_COLOR_BUFFER_BIT);
+  glColor3f(1, 1, 1);
+  // Two characters: of their four bytes the first two are read, so that one is seen.
+  font->DrawTxtTrueType_OpenGL(32, 8, 0, L"AB", 16000, 90, 0.5, 0, 0);
+  RasterBitmap picture;
+  ASSERT_TRUE(context->read_pixels(picture));
+  struct Case {
+    int x, y;  // y up
+    bool inside;
+  } cases[] = {{31, 9, true},   {17, 14, true},  {24, 12, false},
+               {15, 12, false}, {24, 18, false}, {24, 25, false}};
+  for (const Case& c : cases) {
+    EXPECT_EQ((picture.at(c.x, 63 - c.y) & 0xFFFFFF) != 0, c.inside) << c.x << ',' << c.y;
+  }
 }
 
 }  // namespace
