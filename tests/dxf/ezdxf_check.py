@@ -3,6 +3,7 @@
 The sample drawings and the listings of their contents come from the tests' own program.
 """
 
+import collections
 import functools
 import json
 import os
@@ -51,6 +52,13 @@ def record_of(entity):
     assert (tags[0].code, tags[0].value) == (1000, "QXEX"), tags
     words = [tag.value for tag in tags if tag.code == 1071]
     return words + [0] * (3 - len(words))
+
+
+def check_audit(test, drawing):
+    audit = drawing.audit()
+    test.assertEqual([error.message for error in audit.errors], [])
+    repairs = {re.sub(r"BLOCK_RECORD\(#\w+\)", "BLOCK_RECORD", fix.message) for fix in audit.fixes}
+    test.assertLessEqual(repairs, KNOWN_REPAIRS)
 
 
 class SampleDrawings(unittest.TestCase):
@@ -160,11 +168,75 @@ class SampleDrawings(unittest.TestCase):
 
     @each_sample
     def test_audit(self, _name, drawing, _listing):
-        audit = drawing.audit()
-        self.assertEqual([error.message for error in audit.errors], [])
-        repairs = {re.sub(r"BLOCK_RECORD\(#\w+\)", "BLOCK_RECORD", fix.message)
-                   for fix in audit.fixes}
-        self.assertLessEqual(repairs, KNOWN_REPAIRS)
+        check_audit(self, drawing)
+
+
+class AreaDrawings(unittest.TestCase):
+    """Polylines, solids, faces and hatches, as the test program draws them."""
+
+    CORNERS = ((0, 0, 1, 2, 0), (60, 0, 2, 2, 0.5), (60, 40, 0, 0, 0), (0, 40, 0, 1, -1))
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        make_samples(folder.name)
+        cls.old, cls.new = (ezdxf.readfile(f"{folder.name}/areas_{form}.dxf", encoding="gbk")
+                            for form in ("r12", "2000"))
+
+    def test_counts_and_audit(self):
+        areas = {"SOLID": 1, "3DFACE": 1}
+        for drawing, more in ((self.old, {"POLYLINE": 2}),
+                              (self.new, {"LWPOLYLINE": 2, "HATCH": 4})):
+            kinds = collections.Counter(entity.dxftype() for entity in drawing.modelspace())
+            self.assertEqual(kinds, areas | more)
+            check_audit(self, drawing)
+
+    def test_polylines(self):
+        old = self.old.modelspace().query("POLYLINE").first
+        self.assertEqual((old.is_closed, old.dxf.color, old.dxf.ltscale), (True, 3, 2.5))
+        self.assertEqual([(v.dxf.location.x, v.dxf.location.y, v.dxf.start_width,
+                           v.dxf.end_width, v.dxf.bulge) for v in old.vertices],
+                         list(self.CORNERS))
+        self.assertEqual([v.dxf.location.z for v in old.vertices], [1, 2, 3, 4])
+        new = self.new.modelspace().query("LWPOLYLINE").first
+        self.assertEqual((new.closed, new.dxf.color, new.dxf.ltscale), (True, 3, 2.5))
+        self.assertEqual(list(new.get_points()), list(self.CORNERS))
+
+    def test_solids_and_faces(self):
+        for drawing in (self.old, self.new):
+            solid = drawing.modelspace().query("SOLID").first
+            self.assertEqual([tuple(corner) for corner in solid.vertices()],
+                             [(0, 0, 1), (4, 0, 1), (4, 3, 1), (0, 3, 1)])
+            face = drawing.modelspace().query("3DFACE").first
+            self.assertEqual([tuple(corner) for corner in face.wcs_vertices()],
+                             [(0, 0, 1), (4, 0, 2), (4, 3, 3), (0, 3, 4)])
+
+    def test_hatch_patterns(self):
+        hatches = list(self.new.modelspace().query("HATCH"))
+        self.assertEqual([(h.dxf.pattern_name, h.dxf.solid_fill) for h in hatches],
+                         [("ANSI31", 0), ("BRICK", 0), ("CONCRETE", 0), ("SOLID", 1)])
+        for hatch in hatches:
+            self.assertEqual(list(hatch.paths[0].vertices),
+                             [(x, y, bulge) for x, y, _, _, bulge in self.CORNERS])
+        self.assertEqual([line.angle for line in hatches[1].pattern.lines], [15, 105])
+        self.assertEqual(hatches[1].pattern.lines[1].dash_length_items, [12, -12])
+        for hatch, spacing in ((hatches[0], 6), (hatches[1], 12)):
+            line = hatch.pattern.lines[0]
+            across = line.offset.rotate_deg(-line.angle)
+            self.assertTrue(across.isclose((0, spacing), abs_tol=1e-9), across)
+        self.assertEqual(record_of(hatches[3]), [5, 0, 0])
+
+    def test_hatch_edges(self):
+        edges = list(self.new.modelspace().query("HATCH"))[3].paths[1].edges
+        self.assertEqual([edge.type.name for edge in edges], ["LINE", "ARC", "ELLIPSE", "SPLINE"])
+        line, arc, ellipse, spline = edges
+        ends = [(line.start, line.end), (arc.start_point, arc.end_point),
+                (ellipse.start_point, ellipse.end_point),
+                (spline.control_points[0], spline.control_points[-1])]
+        for (_, end), (start, _) in zip(ends, ends[1:] + ends[:1]):
+            self.assertTrue(end.isclose(start, abs_tol=1e-9), (end, start))
+        self.assertEqual((spline.degree, spline.knot_values), (2, [0, 0, 0, 1, 1, 1]))
 
 
 if __name__ == "__main__":

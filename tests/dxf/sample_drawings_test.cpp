@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <memory>
 
+#include "brindle/platform/base/assets.h"
 #include "brindle/platform/base/code_page.h"
 #include "tests/dxf/drawing_file.h"
 
@@ -191,12 +193,57 @@ void draw(DXF& dxf) {
   }
 }
 
+// The way of a file for other programs.
+std::string sample_path(const TemporaryFolder& temporary, const std::string& name) {
+  const char* wanted = std::getenv("BRINDLE_SAMPLE_DIR");
+  return wanted != nullptr ? std::string(wanted) + "/" + name : temporary / name;
+}
+
+// Polylines, solids, faces, and a hatch of each pattern, with a hatch of each kind of edge behind
+// them; ezdxf_check.py knows them one by one. In the old form without hatches.
+TEST(SampleDrawings, Areas) {
+  const TemporaryFolder temporary;
+  DXF dxf;
+  dxf.New_MemDxf();
+  const double x[] = {0, 60, 60, 0}, y[] = {0, 0, 40, 40}, z[] = {1, 2, 3, 4};
+  const double bulge[] = {0, 0.5, 0, -1}, start[] = {1, 2, 0, 0}, end[] = {2, 2, 0, 1};
+  dxf.Write_Pline(4, x, y, z, bulge, 1, start, end, 2.5, L"0", L"3", L"BYLAYER");
+  dxf.Write_Pline(0, 0, 0, 10, 5, 0, 1, 0, 0, L"0", L"BYLAYER", L"CONTINUOUS");
+  dxf.Write_Solid(0, 0, 1, 4, 0, 1, 0, 3, 1, 4, 3, 1, L"0", L"2", L"BYLAYER");
+  dxf.Write_3DFace(0, 0, 1, 4, 0, 2, 4, 3, 3, 0, 3, 4, L"0", L"2", L"BYLAYER");
+  CArray<double> xs, ys, bulges;
+  for (int i = 0; i < 4; ++i) xs.Add(x[i]), ys.Add(y[i]), bulges.Add(bulge[i]);
+  const std::wstring file = find_asset(L"hatches/brindle.pat");
+  for (const wchar_t* name : {L"ANSI31", L"BRICK", L"CONCRETE"}) {
+    dxf.Write_Hatch(xs, ys, bulges, file.c_str(), name, 2.0, 15.0, false, false, 1, L"0", L"1");
+  }
+  ACAD_HATCH& solid =
+      *dxf.Write_Hatch(xs, ys, bulges, L"", L"", 1.0, 0.0, true, false, 0, L"0", L"1");
+  solid.SetXData1(5);
+  auto path = std::make_unique<HATCH_BOUNDARY_DATA>();
+  for (int type : {kHatchLine, kHatchArc, kHatchEllipse, kHatchSpline}) {
+    path->m_Edges.emplace_back(HATCH_EDGE_DATA::create(type));
+  }
+  auto& line = static_cast<HATCH_LINE_EDGEDATA&>(*path->m_Edges[0]);
+  line.x2 = 10;
+  auto& arc = static_cast<HATCH_ARC_EDGEDATA&>(*path->m_Edges[1]);
+  arc.x = 10, arc.y = 5, arc.m_dRadius = 5, arc.m_dStartAngle = 270, arc.m_dEndAngle = 450;
+  auto& ellipse = static_cast<HATCH_ELLIPSE_EDGEDATA&>(*path->m_Edges[2]);
+  ellipse.x = 5, ellipse.y = 10, ellipse.m_dMajorX = 5, ellipse.m_dRatio = 0.5;
+  ellipse.m_dEndAngle = 180;
+  auto& spline = static_cast<HATCH_SPLINE_EDGEDATA&>(*path->m_Edges[3]);
+  spline.m_nDegree = 2;
+  spline.m_Knots = {0, 0, 0, 1, 1, 1};
+  spline.m_Controls = {{0, 10}, {-4, 5}, {0, 0}};
+  solid.setBoundary(path.release());
+  ASSERT_EQ(dxf.Write_MemDxf_To_File(wide(sample_path(temporary, "areas_r12.dxf")).c_str(), 0), 1);
+  ASSERT_EQ(dxf.Write_MemDxf_To_File2000(wide(sample_path(temporary, "areas_2000.dxf")).c_str()),
+            1);
+}
+
 TEST(SampleDrawings, ForOtherPrograms) {
   const TemporaryFolder temporary;
-  const char* wanted = std::getenv("BRINDLE_SAMPLE_DIR");
-  const auto place = [&](const std::string& name) {
-    return wanted != nullptr ? std::string(wanted) + "/" + name : temporary / name;
-  };
+  const auto place = [&](const std::string& name) { return sample_path(temporary, name); };
   DXF full, empty;
   full.New_MemDxf();
   draw(full);
