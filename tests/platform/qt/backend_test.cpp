@@ -43,7 +43,7 @@ class QtBackend : public testing::Test {
 
 QApplication* QtBackend::application = nullptr;
 
-TEST(QtBackendAlone, NeedsAnApplicationWithWidgets) {
+TEST(QtBackendAlone, NeedsAGuiApplication) {
   EXPECT_FALSE(install_qt_backend());
   int argc = 1;
   char name[] = "test";
