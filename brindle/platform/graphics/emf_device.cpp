@@ -79,7 +79,7 @@ class EmfRecords final : public MetafileRecords {
 
   void move_to(CPoint at) override { record(kMoveToEx, {at.x, at.y}); }
   void line_to(CPoint to) override { record(kLineTo, {to.x, to.y}); }
-  void polyline(const CPoint* points, int count) override;
+  bool polyline(const CPoint* points, int count) override;
   void poly_polygon(const CPoint* points, const int* counts, int rings) override;
   void rectangle(const CRect& box) override { boxed(kRectangle, box, {}); }
   void round_rectangle(const CRect& box, CSize corner) override {
@@ -249,13 +249,14 @@ bool EmfRecords::clip(const RegionData* region) {
   return false;
 }
 
-void EmfRecords::polyline(const CPoint* points_, int count) {
+bool EmfRecords::polyline(const CPoint* points_, int count) {
   const bool in_16 = fit_16(points_, count);
   begin(in_16 ? kPolyline16 : kPolyline);
   box(box_around(points_, count));
   body_.i32(count);
   points(points_, count, in_16);
   end();
+  return true;
 }
 
 void EmfRecords::poly_polygon(const CPoint* points_, const int* counts, int rings) {

@@ -111,15 +111,11 @@ void MetafileRecorder::line(CPoint from, CPoint to, int pen_width) {
 }
 
 void MetafileRecorder::polyline(const CPoint* points, int count, int pen_width) {
-  if (!in_range(points, count, limit())) {
-    for (int i = 1; i < count; ++i) line(points[i - 1], points[i], pen_width);
-    return;
-  }
-  touch(box_around(points, count), pen_width / 2);
   const int most = records_->most_corners();
-  for (; count > 1; points += most - 1, count -= most - 1) {
-    records_->polyline(points, std::min(count, most));
+  if (count <= most && in_range(points, count, limit()) && records_->polyline(points, count)) {
+    return touch(box_around(points, count), pen_width / 2);
   }
+  for (int i = 1; i < count; ++i) line(points[i - 1], points[i], pen_width);
 }
 
 void MetafileRecorder::polygons(const CPoint* points, const int* counts, int rings, int pen_width) {

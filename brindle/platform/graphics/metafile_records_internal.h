@@ -56,7 +56,8 @@ class MetafileRecords {
 
   virtual void move_to(CPoint at) = 0;
   virtual void line_to(CPoint to) = 0;
-  virtual void polyline(const CPoint* points, int count) = 0;
+  // False when the form tells its lines one by one.
+  virtual bool polyline(const CPoint*, int) { return false; }
   virtual void poly_polygon(const CPoint* points, const int* counts, int rings) = 0;
   virtual void rectangle(const CRect& box) = 0;
   virtual void round_rectangle(const CRect& box, CSize corner) = 0;

@@ -38,7 +38,6 @@ enum Function : WORD {
   kCreateFontIndirect = 0x02FB,
   kCreateBrushIndirect = 0x02FC,
   kPolygon = 0x0324,
-  kPolyline = 0x0325,
   kExcludeClipRect = 0x0415,
   kIntersectClipRect = 0x0416,
   kEllipse = 0x0418,
@@ -94,7 +93,6 @@ class WmfRecords final : public MetafileRecords {
 
   void move_to(CPoint at) override { record(kMoveTo, {at.y, at.x}); }
   void line_to(CPoint to) override { record(kLineTo, {to.y, to.x}); }
-  void polyline(const CPoint* points, int count) override;
   void poly_polygon(const CPoint* points, const int* counts, int rings) override;
   void rectangle(const CRect& box) override {
     record(kRectangle, {box.bottom, box.right, box.top, box.left});
@@ -222,13 +220,6 @@ bool WmfRecords::clip(const RegionData* region) {
     record(kExcludeClipRect, {gap.bottom, gap.right, gap.top, gap.left});
   }
   return true;
-}
-
-void WmfRecords::polyline(const CPoint* points, int count) {
-  begin(kPolyline);
-  body_.i16(count);
-  for (int i = 0; i < count; ++i) body_.i16(points[i].x), body_.i16(points[i].y);
-  end();
 }
 
 void WmfRecords::poly_polygon(const CPoint* points, const int* counts, int rings) {

@@ -93,8 +93,8 @@ TEST_F(Wmf, HoldsEveryFigureInWholeRecords) {
     EXPECT_GE(saved, 0);
   }
   EXPECT_EQ(saved, 0);
-  for (const unsigned function : {0x0213, 0x0324, 0x0325, 0x0418, 0x041B, 0x0538, 0x061C, 0x061D,
-                                  0x0817, 0x081A, 0x0830, 0x041F, 0x0A32, 0x0F43}) {
+  for (const unsigned function : {0x0213, 0x0324, 0x0418, 0x041B, 0x0538, 0x061C, 0x061D, 0x0817,
+                                  0x081A, 0x0830, 0x041F, 0x0A32, 0x0F43}) {
     EXPECT_FALSE(of_function(records, function).empty()) << std::hex << function;
   }
   EXPECT_FALSE(device.finish()) << "twice";
