@@ -69,7 +69,8 @@ double chord_angle(double chord, double radius) {
 }
 
 // An arrow lies along the chord of the arc that it covers, so that tip and tail are on the arc.
-void add_arc_with_arrows(DimensionBuilder& builder, const AngleGeometry& geometry) {
+// Whether the arrows fit between the sides.
+bool add_arc_with_arrows(DimensionBuilder& builder, const AngleGeometry& geometry) {
   const int first = geometry.swapped ? 1 : 0, second = 1 - first;
   const double reach[] = {builder.arrow(first).reach, builder.arrow(second).reach};
   const double arc_length = geometry.radius * geometry.sweep * kDegree;
@@ -91,13 +92,15 @@ void add_arc_with_arrows(DimensionBuilder& builder, const AngleGeometry& geometr
   const double fitting = before + behind > most ? most / (before + behind) : 1;
   builder.dimension_arc(geometry.x, geometry.y, geometry.radius, geometry.start - before * fitting,
                         end + behind * fitting);
+  return inside;
 }
 
 // The text stands on a tangent of the arc whose x axis runs clockwise, so that above it is outside
 // of the arc: in the middle, or at an end for a text that stands beside the arc, with a line under
-// it then. On the hollow side it moves away by as much as the arc rises towards its ends.
+// it where no tail is. On the hollow side it moves away by as much as the arc rises towards its
+// ends.
 void add_angle_text(DimensionBuilder& builder, const ACAD_DIMENSION& dim,
-                    const AngleGeometry& geometry) {
+                    const AngleGeometry& geometry, bool has_tails) {
   const std::wstring words = builder.words(geometry.sweep, L"", L"\u00b0");
   const double width = builder.width_of(words);
   const double length = geometry.radius * geometry.sweep * kDegree;
@@ -120,7 +123,7 @@ void add_angle_text(DimensionBuilder& builder, const ACAD_DIMENSION& dim,
   const double left = before ? -width : behind ? 0 : -width / 2;
   double y = place.y;
   if (before || behind) {
-    builder.dimension_line(tangent, 0, 0, before ? -width : width, 0);
+    if (!has_tails) builder.dimension_line(tangent, 0, 0, before ? -width : width, 0);
   } else if (upside ? y <= 0 : y < 0) {
     const double half = std::min(width / 2, geometry.radius);
     y -= geometry.radius - std::sqrt(geometry.radius * geometry.radius - half * half);
@@ -165,8 +168,8 @@ int DXF::Write_AngularDimVirtualBlock(const ACAD_DIMENSION* dim) {
     const int first = geometry.swapped ? 1 : 0;
     if (!hidden[first]) add_side(builder, geometry, geometry.start, geometry.side_lengths[0]);
     if (!hidden[1 - first]) add_side(builder, geometry, end, geometry.side_lengths[1]);
-    add_arc_with_arrows(builder, geometry);
-    add_angle_text(builder, *dim, geometry);
+    const bool inside = add_arc_with_arrows(builder, geometry);
+    add_angle_text(builder, *dim, geometry, !inside);
   }
   return keep_dimension_block(*dim, builder.take_block());
 }
