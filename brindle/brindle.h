@@ -162,6 +162,9 @@
 #include "brindle/dxf/text_escape.h"
 #include "brindle/dxf/true_type_draw.h"
 
+#include "brindle/sketch/pen/base_sgt.h"
+#include "brindle/sketch/pen/beam_bars.h"
+
 #include "brindle/mesh/domain_edge.h"
 #include "brindle/mesh/domain_location.h"
 #include "brindle/mesh/domain_polygon.h"
