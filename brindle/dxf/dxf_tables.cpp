@@ -12,7 +12,8 @@ namespace {
 template <class Record>
 Record* find_record(Record* records, int count, const wchar_t* name) {
   if (records == nullptr || name == nullptr) return nullptr;
-  // Equal text fields share their storage, so that an entity's name mostly is the record's own text.
+  // Equal text fields share their storage, so that an entity's name mostly is the record's own
+  // text.
   for (int i = 0; i < count; ++i) {
     if (records[i].m_szName.c_str() == name) return &records[i];
   }
