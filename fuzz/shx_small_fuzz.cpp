@@ -20,10 +20,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
   }
   BRINDLE_FUZZ_REQUIRE(font.m_fTxtHeight > 0);
-  const wchar_t some[] = {L'?', L'A', 1, 2, 130, 255, 0};
-  font.DrawTxtShx(&dc, 32, 32, some, 20, 30, 0.7f, 1);
-  for (wchar_t c = 1; c < 256; ++c) {
-    const wchar_t text[] = {c, 0};
+  // Few characters, so that the long shapes among them leave time for many inputs.
+  for (const wchar_t* text : {L"?", L"A", L"\x01\x01", L"\x02", L"\x82\xFF"}) {
+    font.DrawTxtShx(&dc, 32, 32, text, 20, 30, 0.7f, 1);
     const float width = font.GetTxtWidth(text, 10, 1);
     BRINDLE_FUZZ_REQUIRE(!std::isnan(width));
     BRINDLE_FUZZ_REQUIRE(width == font.GetTxtWidth(text, 10, 1));
