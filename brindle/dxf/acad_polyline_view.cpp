@@ -39,6 +39,11 @@ CFShape shape_of(const Vertex& from, const Vertex& to) {
 
 // The corners of a straight segment's band: right and left of the start, left and right of the end.
 void band_corners(const Vertex& from, const Vertex& to, CFPoint (&corners)[4]) {
+  if (from.m_dStartWidth == 0 && from.m_dEndWidth == 0) {
+    corners[0] = corners[1] = plane_point(from);
+    corners[2] = corners[3] = plane_point(to);
+    return;
+  }
   const double across = get_line_angle(from.x, from.y, to.x, to.y) + std::acos(0.0);
   const double ux = std::cos(across), uy = std::sin(across);
   const auto corner = [&](const Vertex& at, double width) {
