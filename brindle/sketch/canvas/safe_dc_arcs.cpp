@@ -93,6 +93,10 @@ class TurningPoint {
         sine_(std::sin(increment)) {}
 
   CPoint pixel() const { return {to_pixel(cx_ + x_), to_pixel(cy_ + y_)}; }
+  // The same for a point within a device: above 0 and not far.
+  CPoint near_pixel() const {
+    return {static_cast<int>(cx_ + x_ + 0.5), static_cast<int>(cy_ + y_ + 0.5)};
+  }
   void turn() {
     const double x = x_;
     x_ = x * cosine_ - y_ * sine_;
@@ -122,25 +126,30 @@ void CSafeDC::DrawArc(int cx, int cy, int r, float start, float sweep, int y_dow
   // so.
   if (sweep < 0) increment = -increment;
   const double first = y_down ? kTurn - start : double{start};
+  const double end = y_down ? first - sweep : first + sweep;
 
   SetLimit(0);
   const CircleBox box(static_cast<float>(cx), static_cast<float>(cy), static_cast<float>(r) + 1);
   const bool whole = box.lies_in(m_fLimit);
   TurningPoint at(cx, cy, r, first, increment);
   m_ptCur = at.pixel();
-  const auto line_to = [&](CPoint next) {
-    const CPoint from = std::exchange(m_ptCur, next);
-    if (!whole) {
-      line_within_limit(from, next);
-      return;
+  const auto draw = [&](auto next_pixel, auto line) {
+    for (int i = 0; i <= chords; ++i, at.turn()) {
+      // The last chord goes to the end. The turning has come there when it ran the right way.
+      if (i == chords && sweep < 0) at = TurningPoint(cx, cy, r, end, 0);
+      const CPoint next = next_pixel();
+      line(std::exchange(m_ptCur, next), next);
     }
-    m_pDC->MoveTo(from);
-    m_pDC->LineTo(next);
   };
-  for (int i = 0; i < chords; ++i, at.turn()) line_to(at.pixel());
-  // Where the chain ends when it runs the right way.
-  if (sweep < 0) at = TurningPoint(cx, cy, r, y_down ? first - sweep : first + sweep, 0);
-  line_to(at.pixel());
+  if (whole) {
+    draw([&] { return at.near_pixel(); },
+         [&](CPoint from, CPoint to) {
+           m_pDC->MoveTo(from);
+           m_pDC->LineTo(to);
+         });
+  } else {
+    draw([&] { return at.pixel(); }, [&](CPoint from, CPoint to) { line_within_limit(from, to); });
+  }
 }
 
 void CSafeDC::DrawPolyArc(float cx, float cy, float r, float start, float end, COLORREF color,
