@@ -17,8 +17,10 @@ import ezdxf
 
 SAMPLES = ("full_r12", "full_2000", "empty_r12", "empty_2000")
 # What the audit repairs: the fixed texts of the AC1015 form name an owner that no file has, and a
-# second sheet without a layout. Anything else is a fault of ours.
-KNOWN_REPAIRS = {"Fixed invalid owner handle in WIPEOUTVARIABLES(#1B2)",
+# second sheet without a layout; and in the old form the program deletes the end of a polyline in a
+# block, in files of its own too. Anything else is a fault of ours.
+KNOWN_REPAIRS = {"Deleted SEQEND entity with invalid owner handle #None.",
+                 "Fixed invalid owner handle in WIPEOUTVARIABLES(#1B2)",
                  "Removed orphaned layout BLOCK_RECORD \"*Paper_Space0\""}
 STEEL_GRADES = {code: f"%%{code}" for code in range(130, 144)}
 # A number in a file has ten decimals.
@@ -57,7 +59,7 @@ def record_of(entity):
 def check_audit(test, drawing):
     audit = drawing.audit()
     test.assertEqual([error.message for error in audit.errors], [])
-    repairs = {re.sub(r"BLOCK_RECORD\(#\w+\)", "BLOCK_RECORD", fix.message) for fix in audit.fixes}
+    repairs = {re.sub(r"(BLOCK_RECORD|SEQEND)\(#\w+\)", r"\1", fix.message) for fix in audit.fixes}
     test.assertLessEqual(repairs, KNOWN_REPAIRS)
 
 
@@ -237,6 +239,63 @@ class AreaDrawings(unittest.TestCase):
         for (_, end), (start, _) in zip(ends, ends[1:] + ends[:1]):
             self.assertTrue(end.isclose(start, abs_tol=1e-9), (end, start))
         self.assertEqual((spline.degree, spline.knot_values), (2, [0, 0, 0, 1, 1, 1]))
+
+
+class ReferenceDrawings(unittest.TestCase):
+    """Dimensions, inserts and wipeouts, as the test program draws them."""
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        make_samples(folder.name)
+        cls.drawings = [ezdxf.readfile(f"{folder.name}/references_{form}.dxf", encoding="gbk")
+                        for form in ("r12", "2000")]
+
+    def test_counts_and_audit(self):
+        for drawing, more in zip(self.drawings, ({}, {"WIPEOUT": 1})):
+            kinds = collections.Counter(entity.dxftype() for entity in drawing.modelspace())
+            self.assertEqual(kinds, {"DIMENSION": 8, "INSERT": 1} | more)
+            check_audit(self, drawing)
+
+    def test_dimensions(self):
+        for drawing in self.drawings:
+            dims = list(drawing.modelspace().query("DIMENSION"))
+            self.assertEqual([dim.dimtype for dim in dims], [0, 1, 4, 5] * 2)
+            for number, dim in enumerate(dims):
+                self.assertEqual((dim.dxf.geometry, dim.dxf.dimstyle, dim.dxf.color),
+                                 (f"*D{number + 1}", ("ARROWS", "STANDARD")[number // 4], 2))
+                self.assertEqual(tuple(dim.dxf.defpoint), (30, 40, 0))
+                self.assertEqual(tuple(dim.dxf.text_midpoint), (5, 6, 0))
+                tags = [tag.value for tag in dim.get_xdata("QXDIMSTY")]
+                self.assertEqual(tags[2:5] + tags[-2:], [40, 2.0, 144, "TL", "}"])
+                kinds = {entity.dxftype() for entity in dim.get_geometry_block()}
+                self.assertIn("TEXT", kinds)
+                self.assertIn(("SOLID", "INSERT")[number // 4], kinds)
+            self.assertEqual(tuple(dims[1].dxf.defpoint2), (10, 0, 0))
+            self.assertEqual(tuple(dims[1].dxf.defpoint3), (0, 20, 0))
+            self.assertEqual(dims[0].dxf.angle, 30)
+            # What the other program measures is what our text says; it takes an aligned one for
+            # rotated.
+            for dim in (dim for dim in dims if dim.dimtype != 1):
+                text = dim.get_geometry_block().query("TEXT").first.dxf.text.strip("R\u00b0")
+                factor = 1 if dim.dimtype == 5 else 2.5
+                self.assertAlmostEqual(float(text), dim.get_measurement() * factor, places=1)
+
+    def test_inserts(self):
+        for drawing in self.drawings:
+            insert = drawing.modelspace().query("INSERT").first
+            self.assertEqual((insert.dxf.name, tuple(insert.dxf.insert), insert.dxf.xscale,
+                              insert.dxf.yscale, insert.dxf.rotation),
+                             ("OUTER", (7, 0, 0), -3, 1, 30))
+            self.assertEqual(record_of(insert), [9, 0, 0])
+            inner = list(drawing.blocks.get("OUTER"))[0]
+            self.assertEqual((inner.dxf.name, inner.dxf.yscale), ("\u8282\u70b9", 2))
+
+    def test_wipeout_covers_its_rectangle(self):
+        wipeout = self.drawings[1].modelspace().query("WIPEOUT").first
+        corners = {tuple(round(c, 9) for c in corner) for corner in wipeout.boundary_path_wcs()}
+        self.assertEqual(corners, {(x, y, 0) for x in (10, 30) for y in (5, 25)})
 
 
 if __name__ == "__main__":

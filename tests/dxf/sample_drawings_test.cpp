@@ -199,6 +199,40 @@ std::string sample_path(const TemporaryFolder& temporary, const std::string& nam
   return wanted != nullptr ? std::string(wanted) + "/" + name : temporary / name;
 }
 
+// Dimensions of each kind with their blocks, an insert of an insert, and what hides others.
+TEST(SampleDrawings, References) {
+  const TemporaryFolder temporary;
+  DXF dxf;
+  dxf.New_MemDxf();
+  dxf.Write_DimBlock(L"ARCHITECTURE", 2, 2, 0.5, 0, 0, 0, 0, L"0", L"BYLAYER", L"BYLAYER");
+  dxf.Add_DimStyle(L"ARROWS", 0, 2, 1, 0.5, 3, 1, L"STANDARD", 2.5, L"", 1, 1, 0, 3);
+  for (const wchar_t* style : {L"ARROWS", L"STANDARD"}) {
+    for (int type : {0, 1, 4, 5}) {
+      dxf.Write_Dimension(style, 30, 40, 0, 5, 6, 0, 0, 0, 0, type, L"", 10, 0, 0, 0, 20, 0, 0, 0,
+                          0, 0, 0, 0, 100, 30, 2, 2.5, L"TL", L"0", L"2", L"BYLAYER");
+    }
+  }
+  for (const wchar_t* name : {L"节点", L"OUTER"}) {
+    auto block = std::make_unique<ACAD_BLOCK>();
+    block->m_szName = name;
+    ACAD_INSERT insert;
+    insert.m_szBlock = L"节点";
+    insert.x = 1, insert.m_dScaleY = 2;
+    block->m_Entities.AddTail(name == insert.m_szBlock ? ACAD_CIRCLE().Clone() : insert.Clone());
+    dxf.m_Blocks.AddTail(block.release());
+  }
+  ACAD_INSERT insert;
+  insert.m_szBlock = L"OUTER";
+  insert.x = 7, insert.m_dScaleX = -3, insert.m_dAngle = 30;
+  insert.SetXData1(9);
+  dxf.m_Entities.AddTail(insert.Clone());
+  dxf.Write_Wipeout(10.0, 5.0, 30.0, 25.0, L"0", L"BYLAYER", L"BYLAYER");
+  for (const bool ac1015 : {false, true}) {
+    const char* name = ac1015 ? "references_2000.dxf" : "references_r12.dxf";
+    EXPECT_EQ(save(dxf, ac1015, sample_path(temporary, name)), 1);
+  }
+}
+
 // Polylines, solids, faces, and a hatch of each pattern, with a hatch of each kind of edge behind
 // them; ezdxf_check.py knows them one by one. In the old form without hatches.
 TEST(SampleDrawings, Areas) {
