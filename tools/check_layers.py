@@ -14,7 +14,7 @@ from source_tree import Layers, includes_of, is_internal, sources
 
 TOOLKIT = re.compile(r"(Q[A-Z][A-Za-z0-9]*|Qt[A-Z][A-Za-z0-9]*/.+|q[a-z0-9]+\.h)")
 TOOLKIT_FOLDERS = ("brindle/platform/qt", "tests/platform/qt", "tests/apps", "tests/package", "apps",
-                   "examples")
+                   "examples", "benchmarks")
 # They cost every user of a public header more than the header itself.
 HEAVY = {"filesystem", "format", "iostream", "regex"}
 UMBRELLA = "brindle/brindle.h"
