@@ -92,19 +92,6 @@ TEST(RasterLines, TakeTheNearestPixelsAtAnySize) {
   }
 }
 
-TEST(RasterLines, RunBackOverTheSamePixels) {
-  for (int x = -9; x <= 9; ++x) {
-    for (int y = -9; y <= 9; ++y) {
-      if (x == 0 && y == 0) continue;
-      const CPoint a(15, 15), b(15 + x, 15 + y);
-      RasterDevice there(30, 30), back(30, 30);
-      there.line(PaintState(), a, b), back.line(PaintState(), b, a);
-      there.set_pixel(PaintState(), b, 0), back.set_pixel(PaintState(), a, 0);
-      EXPECT_EQ(different_pixels(there.bitmap(), back.bitmap()), 0) << x << ' ' << y;
-    }
-  }
-}
-
 TEST(RasterLines, ClipsHideAndChangeNothing) {
   std::mt19937 random(2);
   std::uniform_int_distribution<int> at(-30, 70);

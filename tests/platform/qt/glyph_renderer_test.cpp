@@ -2,13 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cwchar>
 #include <QGuiApplication>
 #include <set>
 #include <vector>
 
 #include "brindle/platform/graphics/glyph_renderer.h"
-#include "brindle/platform/graphics/raster_device.h"
 #include "brindle/platform/qt/backend.h"
 
 namespace brindle {
@@ -158,27 +156,6 @@ TEST_F(QtGlyphs, WildNumbersAreRefused) {
   EXPECT_TRUE(
       renderer().render(font, L"A", nullptr, {1, 0, 0, 1, 1e30, -1e30}, CRect(0, 0, 9, 9), mask));
   EXPECT_TRUE(mask.coverage.empty());
-}
-
-TEST_F(QtGlyphs, TextOnABitmapFillsItsCell) {
-  PaintState state;
-  std::wcsncpy(state.font.lfFaceName, L"宋体", LF_FACESIZE - 1);
-  state.font.lfHeight = 40, state.bk_mode = TRANSPARENT;
-  state.font.lfQuality = NONANTIALIASED_QUALITY;
-  RasterDevice device(200, 100);
-  TEXTMETRIC metrics;
-  device.font_metrics(state, metrics);
-  EXPECT_NEAR(metrics.tmHeight, 40, 1);
-  device.text(state, CPoint(20, 30), 0, nullptr, L"国国", nullptr);
-  const CSize extent = device.text_extent(state, L"国国");
-  const CRect cell(CPoint(20, 30), CPoint(20 + extent.cx, 30 + extent.cy));
-  int inside = 0, outside = 0;
-  for (int at = 0; at < 200 * 100; ++at) {
-    if (device.bitmap().at(at % 200, at / 200) == 0xffffffff) continue;
-    ++(cell.PtInRect(CPoint(at % 200, at / 200)) ? inside : outside);
-  }
-  EXPECT_GT(inside, 200);
-  EXPECT_EQ(outside, 0);
 }
 
 }  // namespace
