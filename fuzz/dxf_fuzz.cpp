@@ -1,12 +1,17 @@
-// Reads the bytes as a drawing file. A drawing that came out of it is looked at, written in both
-// dialects, merged into another one, and each file that was written is read again.
+// Reads the bytes as a drawing file. A drawing that came out of it is measured, drawn and picked
+// from, written in both dialects, merged into another one, and each file that was written is read
+// again.
 #include <cstdio>
 #include <string>
 #include <string_view>
 
+#include "brindle/dxf/block_walk_internal.h"
+#include "brindle/dxf/drawing_picture.h"
 #include "brindle/dxf/dxf.h"
 #include "brindle/dxf/pair_reader.h"
 #include "brindle/platform/base/stream.h"
+#include "brindle/platform/graphics/dc.h"
+#include "brindle/platform/graphics/raster_device.h"
 #include "fuzz/support/fuzz_support.h"
 
 namespace {
@@ -41,6 +46,38 @@ void look_at(DXF& drawing) {
   drawing.GetFRect3D(0.5, 0.25);
   drawing.Get_Max_Point();
   drawing.Get_Min_Point();
+}
+
+// As a whole, from near and from the side.
+void draw(DXF& drawing) {
+  static RasterDevice device(64, 48);
+  CDC dc(device);
+  PictureView view;
+  view.size = CSize(64, 48);
+  draw_picture(drawing, dc, view);
+  CFCoor near(CFPoint(0, 5, 0), 10, 1);
+  drawing.Draw(&dc, &near, CRect());
+  drawing.Draw3D(&dc, &near, 0.5, 0.25);
+  drawing.HitTest(CFRect(-1, -1, 1, 1), 0, 0.5, 0.25);
+  drawing.m_pCoor = &G_ConCoor;
+}
+
+void draw_and_pick(DXF& drawing) {
+  // Nests of blocks are cut short, so that other things get their turn.
+  Varnholt::set_block_allowance({32, 500, 2000});
+  static RasterBitmap bitmap(64, 48);
+  RasterDevice device(bitmap);
+  CDC dc(device);
+  PictureView view;
+  view.size = CSize(64, 48);
+  draw_picture(drawing, dc, view);
+  view.axonometric = true;
+  view.angle1 = 0.5, view.angle2 = 0.25;
+  draw_picture(drawing, dc, view);
+  drawing.HitTest(CFRect(-10, -10, 200, 300), 0, 0, 1.5707963);
+  drawing.CreateQuadTree();
+  CFCoor close(CFPoint(100, 100, 0), 50, 1);
+  drawing.Draw(&dc, &close, CRect(0, 0, 64, 48));
 }
 
 std::string content_of(const wchar_t* path) {
@@ -100,6 +137,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const int result = drawing.Read_FileDxf_To_Mem(file.get());
   look_at(drawing);
   if (result == 0) return 0;
+  draw(drawing);
+  draw_and_pick(drawing);
 
   const bool whole = has_tables(drawing);
   BRINDLE_FUZZ_REQUIRE(drawing.Write_MemDxf_To_File(written.path(), 1) == 1);
