@@ -165,6 +165,10 @@
 #include "brindle/sketch/pen/base_sgt.h"
 #include "brindle/sketch/pen/beam_bars.h"
 
+#include "brindle/mesh/chang.h"
+#include "brindle/mesh/chang_array.h"
+#include "brindle/mesh/chang_records.h"
+#include "brindle/mesh/contour_records.h"
 #include "brindle/mesh/domain_edge.h"
 #include "brindle/mesh/domain_location.h"
 #include "brindle/mesh/domain_polygon.h"
