@@ -49,10 +49,9 @@ TEST(PenDimensions, LooseLinesLieRightOfTheTravel) {
   // The shortest one, which alone leaves the colour of annotation.
   pen.SetCurColor(7);
   pen.Draw_Dim_Polar(0, 0, 0.00009f, 0, 1, 1);
-  EXPECT_EQ(drawn(pen) + at(0, _wtoi(pen.m_szCurColor)), "0,7");
+  EXPECT_TRUE(drawn(pen).empty() && pen.m_szCurColor == L"7");
   pen.Draw_Dim_Polar(0, 0, 0.0001f, 0, 1, 1);
-  EXPECT_NE(drawn(pen), "");
-  EXPECT_EQ(pen.m_szCurColor, L"4");
+  EXPECT_TRUE(!drawn(pen).empty() && pen.m_szCurColor == L"4");
 
   pen.m_nDimDec = 2;
   const float x[] = {0, 3, 3}, y[] = {0, 4, 16};
@@ -103,11 +102,8 @@ TEST(PenDimensions, EntitiesStandInAStyle) {
   EXPECT_EQ(told.messages.at(0).text, L"没有找到尺寸样式none!");
   EXPECT_NE(pen->Draw_Dim_Points_zhuxd(0, 0, 10, 0, L"none", nullptr, 0, 0), nullptr);
 
-  told.messages.clear();
-  EXPECT_EQ(pen->Add_DimBlock(L"A", 0.5f, 2, 1, 3, 0, 7, L"none", L"5", L"none"), 0);
   EXPECT_EQ(pen->Add_DimBlock(L"A", 0.5f, 2, 1, 3, 0, 7, L"0", L"5", L"none"), 0);
-  EXPECT_EQ(told.messages.at(0).text + told.messages.at(1).text,
-            L"Layer Name Error !LType Name Error !");
+  EXPECT_EQ(told.messages.back().text, L"LType Name Error !");
   EXPECT_EQ(pen->Add_DimBlock(L"A", 0.5f, 2, 1, 3, 0, 7, L"0", L"5", L"BYLAYER"), 1);
   const ACAD_BLOCK* block = pen->find_block(L"A");
   ASSERT_NE(block, nullptr);
