@@ -222,11 +222,13 @@ class CBase_SGT : public DXF {
   void Draw_GangJin_BiaoZhu(float x, float y, float dx, float dy, float length, int mark,
                             const wchar_t* text);
   // Several bars: leaders to a trunk that runs to the bubble at (x, y). direction 1 down, 2 right,
-  // 3 up, 4 left. Leaves the drawing's coordinates in the arrays.
+  // 3 up, 4 left. Leaves the drawing's coordinates in the arrays. n below 1 or another direction:
+  // nothing.
   void Draw_GangJin_BiaoZhu(float x, float y, int n, float* xs, float* ys, float angle,
                             int direction, int flip, int mark, const wchar_t* text);
   void Draw_Line_BiaoZhu(float x1, float y1, float x2, float y2);
-  // A bubble with the bar's number; the same beside a text along a line, whose height is ignored.
+  // A bubble with the bar's number, in the current colour; the same beside a text along a line, whose
+  // height is ignored: it has that of the bubble's number.
   void Draw_GJH(float x, float y, float angle, int mark);
   void Draw_GJH_And_Text_Along_Line(float x1, float y1, float x2, float y2, int mark, float den,
                                     float num, const wchar_t* text, float height, float offset);
