@@ -35,9 +35,42 @@ PlaneBox box_of(const std::vector<Ring>& rings) {
   return box;
 }
 
+// Whether the rings fill by turns from outside, each as good as the other.
+bool fills_by_turns(const std::vector<Ring>& rings, int style) {
+  return style == kNormal || rings.size() == 1 || rings.size() > kFewRings;
+}
+
+bool is_inside(HatchPoint p, const Ring& ring) {
+  bool inside = false;
+  HatchPoint from = ring.back();
+  for (const HatchPoint& to : ring) {
+    if ((from.y > p.y) != (to.y > p.y) &&
+        p.x < from.x + (to.x - from.x) * (p.y - from.y) / (to.y - from.y)) {
+      inside = !inside;
+    }
+    from = to;
+  }
+  return inside;
+}
+
+// The rings that, filled by turns, show what a style fills. True of rings that don't cross.
+std::vector<Ring> rings_by_turns(const std::vector<Ring>& rings, int style) {
+  if (fills_by_turns(rings, style)) return rings;
+  const std::size_t most_around = style == kOuter ? 1 : 0;
+  std::vector<Ring> kept;
+  for (const Ring& ring : rings) {
+    std::size_t around = 0;
+    for (const Ring& other : rings) {
+      if (&other != &ring && is_inside(ring.front(), other)) ++around;
+    }
+    if (around <= most_around) kept.push_back(ring);
+  }
+  return kept;
+}
+
 // Makes the area that a style fills: 0 by turns from outside, 1 what lies in one ring only, 2 all.
 bool area_of(const std::vector<Ring>& rings, int style, const DeviceArea& device, CRgn& area) {
-  if (style == kNormal || rings.size() == 1 || rings.size() > kFewRings) {
+  if (fills_by_turns(rings, style)) {
     return device.region_of(rings.data(), rings.size(), ALTERNATE, area);
   }
   CRgn all;  // what lies in any ring so far
@@ -55,6 +88,15 @@ bool area_of(const std::vector<Ring>& rings, int style, const DeviceArea& device
     all.CombineRgn(&all, &one, RGN_OR);
   }
   return any;
+}
+
+// Lines are clipped by the area's pixels on a bitmap. Metafiles and pages have no pixels, and few
+// programs follow a clip in them: their lines are cut themselves, unless that is too much work.
+bool wants_region_clip(const DeviceArea& device, const std::vector<Ring>& rings) {
+  constexpr std::size_t kMostCutPoints = 4000;
+  std::size_t points = 0;
+  for (const Ring& ring : rings) points += ring.size();
+  return !device.has_figures() || points > kMostCutPoints;
 }
 
 PlaneBox plane_box(const CFRect& rect) {
@@ -139,25 +181,30 @@ void ACAD_HATCH::draw_rings(CDC* dc, CFCoor* coor, const std::vector<Ring>& ring
   if (m_bSolid == 0 && m_Patterns.IsEmpty()) set_lines(m_szPattern);
   const CanvasScope scope(dc);
   const DeviceArea device(dc, coor, dx, dy);
-  CRgn area;
-  if (!area_of(rings, m_nHatchStyle, device, area)) return;
   const COLORREF color = drawing_color(*this);
+  CRgn area;
   if (m_bSolid != 0) {
     CBrush brush;
-    if (m_bSelected != 0) {
-      brush.CreateHatchBrush(HS_DIAGCROSS, color);
-    } else {
-      brush.CreateSolidBrush(color);
+    area_brush(*this, brush);
+    if (device.has_figures() || fills_by_turns(rings, m_nHatchStyle)) {
+      const std::vector<Ring> shown = rings_by_turns(rings, m_nHatchStyle);
+      device.fill(shown.data(), shown.size(), ALTERNATE, brush);
+    } else if (area_of(rings, m_nHatchStyle, device, area)) {
+      scope.canvas().FillRgn(&area, &brush);
     }
-    scope.canvas().FillRgn(&area, &brush);
-  } else if (!m_Patterns.IsEmpty()) {
+  } else if (!m_Patterns.IsEmpty() && area_of(rings, m_nHatchStyle, device, area)) {
     const int state = dc->SaveDC();
-    device.make_clip(area);
-    dc->SelectClipRgn(&area, RGN_AND);
+    const bool by_region = wants_region_clip(device, rings);
+    if (by_region) {
+      device.make_clip(area);
+      dc->SelectClipRgn(&area, RGN_AND);
+    }
     CPen pen(GetPenStyle(), 1, color);
     CPen* const old_pen = dc->SelectObject(&pen);
     const PlaneBox box = box_of(rings);
     HatchLines lines(dc, coor, box, dx, dy);
+    RingCuts cuts(rings, m_nHatchStyle);
+    if (!by_region) lines.cut_by(&cuts);
     for (POSITION at = m_Patterns.GetHeadPosition(); at != nullptr;) {
       draw_family(lines, *static_cast<const HATCH_PATTERN_DATA*>(m_Patterns.GetNext(at)), box);
     }

@@ -8,8 +8,6 @@
 #include "brindle/geometry/region.h"
 #include "brindle/platform/graphics/dc.h"
 #include "brindle/platform/graphics/gdi_objects.h"
-#include "brindle/platform/graphics/rgn.h"
-#include "brindle/sketch/canvas/safe_dc.h"
 
 namespace brindle::Varnholt {
 
@@ -54,20 +52,12 @@ void ACAD_SOLID::Draw(CDC* dc, CFCoor* coor, double dx, double dy) {
   if (dc == nullptr || coor == nullptr) return;
   const CanvasScope scope(dc);
   const FourCorners outline = outline_of_solid(corners_of(*this));
-  DeviceArea area(dc, coor, dx, dy);
+  const DeviceArea area(dc, coor, dx, dy);
   DeviceArea::Ring ring;
   for (const ScenePoint& corner : outline) ring.push_back({corner.x, corner.y});
-  CRgn region;
-  if (area.region_of(ring, WINDING, region)) {
-    const COLORREF color = drawing_color(*this);
-    CBrush brush;
-    if (m_bSelected != 0) {
-      brush.CreateHatchBrush(HS_DIAGCROSS, color);
-    } else {
-      brush.CreateSolidBrush(color);
-    }
-    scope.canvas().FillRgn(&region, &brush);
-  }
+  CBrush brush;
+  area_brush(*this, brush);
+  area.fill(&ring, 1, WINDING, brush);
   if (m_bSelected == 0) return;
   for (const ScenePoint& corner : outline) {
     draw_grip(dc, to_device(coor, corner.x, corner.y, dx, dy));

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "brindle/dxf/acad_entity.h"
 #include "brindle/dxf/device_area_internal.h"
 #include "brindle/dxf/entity_drawing.h"
 #include "brindle/geometry/coordinate_transform.h"
@@ -27,6 +28,11 @@ CRect visible_pixels(CDC* dc) {
                edge(canvas.m_fLimit[3]));
 }
 
+bool keeps_figures(const PaintDevice* device) {
+  return device != nullptr && device->kind() != PaintDevice::Kind::kRaster &&
+         device->kind() != PaintDevice::Kind::kRecorder;
+}
+
 // The part of a ring on one side of a line: sign * coordinate <= sign * bound.
 void cut_ring(DeviceArea::Ring& ring, double HatchPoint::*axis, double bound, double sign) {
   DeviceArea::Ring kept;
@@ -46,13 +52,23 @@ void cut_ring(DeviceArea::Ring& ring, double HatchPoint::*axis, double bound, do
 
 }  // namespace
 
+void area_brush(const ACAD_ENTITY& entity, CBrush& brush) {
+  const COLORREF color = drawing_color(entity);
+  if (entity.m_bSelected != 0) {
+    brush.CreateHatchBrush(HS_DIAGCROSS, color);
+  } else {
+    brush.CreateSolidBrush(color);
+  }
+}
+
 DeviceArea::DeviceArea(CDC* dc, const CFCoor* coor, double dx, double dy)
     : dc_(dc),
       coor_(coor),
       dx_(dx),
       dy_(dy),
       limit_(visible_pixels(dc)),
-      pixel_(std::fabs(coor->DPtoFP(1))) {
+      pixel_(std::fabs(coor->DPtoFP(1))),
+      has_figures_(keeps_figures(dc->device())) {
   CRect wide = limit_;
   wide.InflateRect(kMargin, kMargin);
   for (const CPoint& corner : {wide.TopLeft(), wide.BottomRight()}) {
@@ -65,10 +81,9 @@ CPoint DeviceArea::to_device(HatchPoint p) const {
   return Varnholt::to_device(coor_, p.x, p.y, dx_, dy_);
 }
 
-bool DeviceArea::region_of(const Ring* rings, std::size_t count, int mode, CRgn& region) const {
+bool DeviceArea::corners_of(const Ring* rings, std::size_t count, std::vector<CPoint>& points,
+                            std::vector<int>& counts) const {
   if (world_.empty()) return false;
-  std::vector<CPoint> points;
-  std::vector<int> counts;
   for (std::size_t i = 0; i < count; ++i) {
     Ring ring = rings[i];
     cut_ring(ring, &HatchPoint::x, world_.left, -1);
@@ -86,9 +101,32 @@ bool DeviceArea::region_of(const Ring* rings, std::size_t count, int mode, CRgn&
     }
     counts.push_back(static_cast<int>(points.size() - before));
   }
-  if (counts.empty()) return false;
+  return !counts.empty();
+}
+
+bool DeviceArea::region_of(const Ring* rings, std::size_t count, int mode, CRgn& region) const {
+  std::vector<CPoint> points;
+  std::vector<int> counts;
+  if (!corners_of(rings, count, points, counts)) return false;
   return region.CreatePolyPolygonRgn(points.data(), counts.data(), static_cast<int>(counts.size()),
                                      mode) != 0;
+}
+
+void DeviceArea::fill(const Ring* rings, std::size_t count, int mode, CBrush& brush) const {
+  if (!has_figures_) {
+    CRgn region;
+    if (region_of(rings, count, mode, region)) shared_safe_dc().FillRgn(&region, &brush);
+    return;
+  }
+  std::vector<CPoint> points;
+  std::vector<int> counts;
+  if (!corners_of(rings, count, points, counts)) return;
+  const int state = dc_->SaveDC();
+  dc_->SelectStockObject(NULL_PEN);
+  dc_->SelectObject(&brush);
+  dc_->SetPolyFillMode(mode);
+  dc_->PolyPolygon(points.data(), counts.data(), static_cast<int>(counts.size()));
+  dc_->RestoreDC(state);
 }
 
 void DeviceArea::make_clip(CRgn& region) const {

@@ -10,11 +10,18 @@
 
 namespace brindle {
 
+class CBrush;
 class CDC;
 class CFCoor;
 class CRgn;
 
 namespace Varnholt {
+
+class ACAD_ENTITY;
+
+// The brush that an entity's area is filled with: of its colour, hatched when it is selected. The
+// canvas must have the device.
+void area_brush(const ACAD_ENTITY& entity, CBrush& brush);
 
 // The canvas must have the device (CanvasScope). On a metafile, which has no bounds of its own, the
 // range that its numbers can hold counts.
@@ -36,16 +43,25 @@ class DeviceArea {
   bool region_of(const Ring& ring, int mode, CRgn& region) const {
     return region_of(&ring, 1, mode, region);
   }
+  // Fills the inside of rings: as a region on a bitmap, and as figures where the device keeps a
+  // picture without pixels (has_figures).
+  void fill(const Ring* rings, std::size_t count, int mode, CBrush& brush) const;
+  bool has_figures() const { return has_figures_; }
   // The part of a region that lies on the device, in the units of a clip.
   void make_clip(CRgn& region) const;
 
  private:
+  // What can be seen of the rings, as corners in logical units; false when nothing can.
+  bool corners_of(const Ring* rings, std::size_t count, std::vector<CPoint>& points,
+                  std::vector<int>& counts) const;
+
   CDC* dc_;
   const CFCoor* coor_;
   double dx_, dy_;
   CRect limit_;
   PlaneBox world_;
   double pixel_;
+  bool has_figures_;
 };
 
 }  // namespace Varnholt

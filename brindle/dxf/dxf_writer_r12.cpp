@@ -81,6 +81,9 @@ void DXF::write_body_r12(int bHatch) {
     auto* block = static_cast<ACAD_BLOCK*>(m_Blocks.GetNext(at));
     block->m_pDxf = this;
     block->m_nHandle = handle++;
+    for (POSITION in = block->m_Entities.GetHeadPosition(); in != nullptr;) {
+      static_cast<ACAD_ENTITY*>(block->m_Entities.GetNext(in))->m_bWrite = bHatch;
+    }
     block->write_to(writer, DxfDialect::kR12);
   }
   End_AllBlocks();

@@ -48,6 +48,48 @@ struct HatchLines::Way {
   }
 };
 
+void RingCuts::pieces(HatchPoint at, HatchPoint step, std::vector<Piece>& out) {
+  crossings_.clear();
+  inside_.assign(rings_.size(), false);
+  out.clear();
+  for (std::size_t ring = 0; ring < rings_.size(); ++ring) {
+    const DeviceArea::Ring& points = rings_[ring];
+    HatchPoint from = points.back();
+    double from_side = step.x * (from.y - at.y) - step.y * (from.x - at.x);
+    for (const HatchPoint& to : points) {
+      const double to_side = step.x * (to.y - at.y) - step.y * (to.x - at.x);
+      // A corner on the line belongs to its left side, so that it is crossed once or not at all.
+      if ((from_side < 0) != (to_side < 0)) {
+        const double part = from_side / (from_side - to_side);
+        crossings_.push_back({step.x * (from.x + (to.x - from.x) * part - at.x) +
+                                  step.y * (from.y + (to.y - from.y) * part - at.y),
+                              ring});
+      }
+      from = to;
+      from_side = to_side;
+    }
+  }
+  std::sort(crossings_.begin(), crossings_.end());
+  std::size_t around = 0;
+  for (const Crossing& crossing : crossings_) {
+    const bool before = is_filled(around);
+    const bool entered = !inside_[crossing.ring];
+    inside_[crossing.ring] = entered;
+    entered ? ++around : --around;
+    if (is_filled(around) == before) continue;
+    if (before) {
+      out.back().last = crossing.way;
+    } else {
+      out.push_back({crossing.way, crossing.way});
+    }
+  }
+}
+
+bool RingCuts::is_filled(std::size_t rings_around) const {
+  if (style_ == 0) return rings_around % 2 == 1;
+  return style_ == 1 ? rings_around == 1 : rings_around > 0;
+}
+
 HatchLines::HatchLines(CDC* dc, const CFCoor* coor, const PlaneBox& box, double dx, double dy)
     : dc_(dc), area_(dc, coor, dx, dy), box_(common_part(box, area_.world())) {}
 
@@ -89,13 +131,26 @@ void HatchLines::draw_line(const HATCH_PATTERN_DATA& family, double x, double y,
   // A line along an axis must not leave the box by rounding.
   if (std::fabs(step_x) < 1e-12) step_x = 0;
   if (std::fabs(step_y) < 1e-12) step_y = 0;
-  Way way{-1e300, 1e300, {}, {}};
+  RingCuts::Piece whole{-1e300, 1e300};
   if (box_.empty() || !std::isfinite(x + y + step_x)) return;
-  cut_range(x, step_x, box_.left, box_.right, way.first, way.last);
-  cut_range(y, step_y, box_.bottom, box_.top, way.first, way.last);
-  if (!(way.first < way.last) || !std::isfinite(way.last - way.first)) return;
-  way.from = area_.to_device({x + step_x * way.first, y + step_y * way.first});
-  way.to = area_.to_device({x + step_x * way.last, y + step_y * way.last});
+  cut_range(x, step_x, box_.left, box_.right, whole.first, whole.last);
+  cut_range(y, step_y, box_.bottom, box_.top, whole.first, whole.last);
+  if (!(whole.first < whole.last) || !std::isfinite(whole.last - whole.first)) return;
+  pieces_.assign(1, whole);
+  if (cuts_ != nullptr) cuts_->pieces({x, y}, {step_x, step_y}, pieces_);
+  for (const RingCuts::Piece& piece : pieces_) {
+    const RingCuts::Piece shown{std::max(piece.first, whole.first),
+                                std::min(piece.last, whole.last)};
+    if (shown.first < shown.last) draw_piece(family, {x, y}, {step_x, step_y}, shown);
+  }
+}
+
+void HatchLines::draw_piece(const HATCH_PATTERN_DATA& family, HatchPoint at, HatchPoint step,
+                            RingCuts::Piece piece) {
+  const auto pixel_at = [&](double t) {
+    return area_.to_device({at.x + step.x * t, at.y + step.y * t});
+  };
+  const Way way{piece.first, piece.last, pixel_at(piece.first), pixel_at(piece.last)};
   double pattern_length = 0;
   for (double dash : family.m_Dashes) pattern_length += std::fabs(dash);
   if (is_solid(family, pattern_length, way.last - way.first)) {

@@ -91,7 +91,10 @@ TEST(Hatches, FileForms) {
     expect_text(text_of(folder / "one.dxf"),
                 modern ? "  0\nHATCH\n" + kStart + "  330\n0\n" + kLayer + kBody + kRecord : r12);
   }
-  // A drawing without hatches, when asked for.
+  // A drawing without hatches, when asked for, nor in its blocks.
+  auto* block = new ACAD_BLOCK;
+  block->m_Entities.AddTail(hatch.Clone());
+  read.dxf.m_Blocks.AddTail(block);
   for (int keep : {0, 1}) {
     ASSERT_EQ(read.dxf.Write_MemDxf_To_File(wide(folder / "all.dxf").c_str(), keep), 1);
     EXPECT_EQ(text_of(folder / "all.dxf").find("HATCH") != std::string::npos, keep != 0);
@@ -358,6 +361,28 @@ TEST(Hatches, StylesAndClips) {
       EXPECT_EQ(scene.dc.paint_state().clip, nullptr);
     }
   }
+  // A metafile gets no clip: the lines themselves end at the paths, and figures are filled.
+  scene.device.set_kind(PaintDevice::Kind::kMetafile);
+  for (const auto& [style, area] : {std::pair{0, 2400}, {1, 2000}, {2, 3600}}) {
+    SCOPED_TRACE(style);
+    hatch.setHatchStyle(style);
+    hatch.setSolidFlag(0);
+    scene.drawn(hatch);
+    double lengths = 0;
+    for (const RecordedCall& call : scene.device.calls()) {
+      EXPECT_EQ(call.clip, nullptr);
+      lengths +=
+          std::hypot(call.points[1].x - call.points[0].x, call.points[1].y - call.points[0].y);
+    }
+    EXPECT_NEAR(lengths * 3 / 2, area, 150);  // lines both ways, 3 apart
+    hatch.setSolidFlag(1);
+    scene.drawn(hatch);
+    ASSERT_EQ(scene.device.calls().size(), 1u);
+    EXPECT_EQ(scene.device.calls()[0].kind, RecordedCall::Kind::kPolyPolygon);
+    EXPECT_EQ(scene.device.calls()[0].counts, std::vector<int>(3 - style, 4));
+  }
+  scene.device.set_kind(PaintDevice::Kind::kRecorder);
+  hatch.setSolidFlag(0);
   // A clip that is there already stays in force, and a window's origin moves the hatch with it.
   scene.dc.IntersectClipRect(0, 0, 25, 200);
   scene.dc.SetWindowOrg(0, -50);
