@@ -227,8 +227,8 @@ class CBase_SGT : public DXF {
   void Draw_GangJin_BiaoZhu(float x, float y, int n, float* xs, float* ys, float angle,
                             int direction, int flip, int mark, const wchar_t* text);
   void Draw_Line_BiaoZhu(float x1, float y1, float x2, float y2);
-  // A bubble with the bar's number, in the current colour; the same beside a text along a line, whose
-  // height is ignored: it has that of the bubble's number.
+  // A bubble with the bar's number, in the current colour; the same beside a text along a line. The
+  // text is as high as the number: its height is ignored.
   void Draw_GJH(float x, float y, float angle, int mark);
   void Draw_GJH_And_Text_Along_Line(float x1, float y1, float x2, float y2, int mark, float den,
                                     float num, const wchar_t* text, float height, float offset);
