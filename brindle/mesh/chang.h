@@ -2,8 +2,10 @@
 // points, contours, colour plots and legends.
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <string>
 
 #include "brindle/geometry/point.h"
 #include "brindle/geometry/rect.h"
@@ -175,15 +177,25 @@ class CChang {
   int m_nLabelFlag = 1;
 
  private:
-  friend class ContourTracer;
+  friend class ContourTracer;  // walks for TraceOne
   using Line = CArray<CDengGaoDian, CDengGaoDian>;
 
+  // By its number, not noted as changed; throws outside of the mesh.
+  CChangNode& node(std::int64_t number) {
+    return m_arrayNode.unnoted(number < 1 ? -1 : static_cast<INT_PTR>(number - 1));
+  }
   int value_slot() const;  // in force; throws outside 0 to 9
   int current_slot() const;
   const CChangTri* find_in_tree(float x, float y);
   const CChangTri* find_without_tree(float x, float y);
-  float value_in(const CChangTri& tri, float x, float y) const;
-  void take_lines(ContourTracer& tracer, int level, float z);
+  float value_in(const CChangTri& triangle, float x, float y);
+  template <class ValueOf, class Act>
+  void trace_each(int count, ValueOf value_of, Act act);
+  template <class Pen, class SetColour, class Draw>
+  int trace_steps(float step, Pen* pen, SetColour set_colour, Draw draw);
+  template <class Pen, class Draw>
+  int trace_list(Pen* pen, float scale, Draw draw);
+  std::wstring label_text() const;
 
   std::unique_ptr<ChangSearch> search_;
   CQxQuadTree* indexed_tree_ = nullptr;       // made by CreateQuadTree

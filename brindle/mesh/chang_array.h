@@ -67,7 +67,8 @@ class CChangArray : public CArray<T, T> {
 
   // --- for the searches: the elements without noting, what was noted, and a fresh start
   const T* data() const { return Base::GetData(); }
-  T* unwatched_data() { return Base::GetData(); }
+  // For changes that aren't of positions or numbers; checked.
+  T& unnoted(INT_PTR index) { return Base::operator[](index); }
   bool touched() const { return all_ || !places_.empty(); }
   bool all_touched() const { return all_; }
   const std::vector<INT_PTR>& touched_places() const { return places_; }
