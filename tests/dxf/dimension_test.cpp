@@ -2,7 +2,8 @@
 #include "brindle/dxf/acad_dimension.h"
 
 #include <cmath>
-#include <limits>
+#include <cstdlib>
+#include <sstream>
 
 #include "brindle/dxf/acad_solid.h"
 #include "brindle/dxf/dimension_block.h"
@@ -105,142 +106,39 @@ TEST(Dimension, SidesAndDistances) {
   EXPECT_EQ(get_dist_point_line(3, 4, 0, 0, 0, 0), 5);
 }
 
+// Each case of data/dimension_blocks.txt is a line that tells what and where, and the block.
 TEST(Dimension, Geometry) {
-  const struct {
-    const char* what;
-    const wchar_t* style;
-    int type;
-    double angle;
-    Points points;
-    const wchar_t* place;
-    const char* block;
-  } cases[] = {
-      {"above",
-       L"ARROWS",
-       1,
-       0,
-       {7, 10, 0, 0, 40, 0},
-       L"TC",
-       "0,2-0,14 40,2-40,14 0,10-40,10 (0,10 6,9 6,11) (40,10 34,11 34,9) 'a'20,11^0"},
-      {"below, of two heights",
-       L"ARROWS",
-       0,
-       0,
-       {7, -10, 0, 0, 40, 5},
-       L"TC",
-       "0,-2-0,-14 40,3-40,-14 0,-10-40,-10 (0,-10 6,-11 6,-9) (40,-10 34,-9 34,-11) 'a'20,-9^0"},
-      {"no room, from right to left",
-       L"ARROWS",
-       1,
-       0,
-       {7, 10, 10, 0, 0, 0},
-       L"TC",
-       "10,2-10,14 0,2-0,14 10,10-0,10 (10,10 16,9 16,11) (0,10 -6,11 -6,9) 10,10-22,10 "
-       "0,10--12,10 'a'5,11^0"},
-      {"upwards on the left",
-       L"ARROWS",
-       0,
-       90,
-       {-10, 0, 0, 0, 3, 30},
-       L"TC",
-       "-2,0--14,0 1,30--14,30 -10,0--10,30 (-10,0 -9,6 -11,6) (-10,30 -11,24 -9,24) 'a'-11,15^90"},
-      {"downwards on the right",
-       L"ARROWS",
-       1,
-       0,
-       {10, 0, 0, 30, 0, 0},
-       L"BC",
-       "2,30-14,30 2,0-14,0 10,30-10,0 (10,30 9,24 11,24) (10,0 11,6 9,6) 'a'16,15^90"},
-      {"slanted",
-       L"ARROWS",
-       1,
-       0,
-       {-6, 8, 0, 0, 32, 24},
-       L"TC",
-       "-1.2,1.6--8.4,11.2 30.8,25.6-23.6,35.2 -6,8-26,32 (-6,8 -0.6,10.8 -1.8,12.4) (26,32 "
-       "20.6,29.2 21.8,27.6) 'a'9.4,20.8^36.87"},
-      {"nearer than the offset",
-       L"TICKS",
-       0,
-       0,
-       {7, 1, 0, 0, 40, 0},
-       L"TC",
-       "0,1-0,5 40,1-40,5 -2,1-42,1 @0,1*6^0 @40,1*6^0 'a'20,2^0"},
-      {"ticks need no room",
-       L"TICKS",
-       1,
-       0,
-       {7, 10, 0, 0, 4, 0},
-       L"TC",
-       "0,2-0,14 4,2-4,14 -2,10-6,10 @0,10*6^0 @4,10*6^0 'a'2,11^0"},
-      {"a turned style word",
-       L"TICKS",
-       32,
-       0,
-       {7, -10, 40, 0, 0, 0},
-       L"BC",
-       "0,-2-0,-14 40,-2-40,-14 -2,-10-42,-10 @0,-10*6^0 @40,-10*6^0 'a'20,-16^0"},
-      {"radius",
-       L"ARROWS",
-       4,
-       0,
-       {10, 10, 0, 0, 0, 0, 40, 10},
-       L"TC",
-       "10,10-40,10 (40,10 34,11 34,9) 'a'25,11^0"},
-      {"radius to the left",
-       L"ARROWS",
-       4,
-       0,
-       {10, 10, 0, 0, 0, 0, -20, 10},
-       L"BC",
-       "10,10--20,10 (-20,10 -14,9 -14,11) 'a'-5,4^0"},
-      {"small radius",
-       L"ARROWS",
-       4,
-       0,
-       {10, 10, 0, 0, 0, 0, 10, 12},
-       L"TC",
-       "10,10-10,24 (10,12 11,18 9,18) 'a'9,11^90"},
-      {"angle",
-       L"ARROWS",
-       5,
-       0,
-       {20, 20, 10, 0, 0, 40},
-       L"TC",
-       "12,0-32.28,0 0,38-0,24.28 (28.28,0 28.64,6.072 26.65,5.86) (0,28.28 5.86,26.65 "
-       "6.072,28.64) 0,0/28.28:0-90 'a'20.71,20.71^315"},
-      {"its complement",
-       L"TICKS",
-       5,
-       0,
-       {-20, 0, 10, 0, 0, 40},
-       L"TC",
-       "0,38-0,16 12,0-24,0 @0,20*6^90 @20,0*6^0 0,0/20:90-0 'a'-13.39,-13.39^315"},
-      {"narrow angle",
-       L"ARROWS",
-       5,
-       0,
-       {0, -50, -1, -25, 1, -25},
-       L"TC",
-       "-1.08,-27--2.158,-53.96 1.08,-27-2.158,-53.96 (-1.998,-49.96 -7.869,-48.37 -8.068,-50.36) "
-       "(1.998,-49.96 8.068,-50.36 7.869,-48.37) 0,0/50:254-286 'a'0,-48.98^0"},
-      {"no length", L"ARROWS", 1, 0, {7, 10, 5, 5, 5, 5}, L"TC", ""},
-      {"no angle", L"ARROWS", 5, 0, {7, 10, 5, 5, 5, 5}, L"TC", ""},
-      {"no number", L"ARROWS", 0, 0, {7, 10, NAN, 5, 5, 5}, L"TC", ""},
-      {"no end", L"ARROWS", 4, 0, {7, 10, 0, 0, 0, 0, 1e300, 5}, L"TC", ""},
-      {"two lines", L"ARROWS", 2, 0, {7, 10, 0, 0, 40, 0}, L"TC", "no block"},
-      {"diameter", L"ARROWS", 3, 0, {7, 10, 0, 0, 40, 0}, L"TC", "no block"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
+  std::istringstream cases(
+      bytes_of(std::string(BRINDLE_SOURCE_DIR) + "/tests/dxf/data/dimension_blocks.txt"));
+  std::string line, expected;
+  int count = 0;
+  while (std::getline(cases, line)) {
+    if (line.empty() || line[0] == '#') continue;
+    std::getline(cases, expected);
+    SCOPED_TRACE(line);
+    std::istringstream fields(line.substr(line.find(':') + 1));
+    std::string style, place, number_text;
+    int type = 0;
+    double angle = 0, points[8] = {};
+    fields >> style >> type >> angle >> place;
+    for (double& value : points) {
+      fields >> number_text;
+      value = std::strtod(number_text.c_str(), nullptr);
+    }
+    place.pop_back();  // the colon
     DXF dxf;
     dxf.New_MemDxf();
-    const ACAD_DIMENSION* dim =
-        add(with_styles(dxf), c.style, c.type, c.points, c.angle, L"a", c.place);
+    const ACAD_DIMENSION* dim = add(
+        with_styles(dxf), wide(style).c_str(), type,
+        {points[0], points[1], points[2], points[3], points[4], points[5], points[6], points[7]},
+        angle, L"a", wide(place).c_str());
     ASSERT_NE(dim, nullptr);
     EXPECT_EQ(dim->m_szBlock, L"*D1");
-    EXPECT_EQ(shown(dxf, L"*D1"), c.block);
+    const std::string block = shown(dxf, L"*D1");
+    EXPECT_EQ("  " + (block.empty() ? "nothing" : block), expected);
+    ++count;
   }
+  EXPECT_EQ(count, 21);
 }
 
 // What fails leaves the dimension without a block; in Write_Dimension the dimension stays.
