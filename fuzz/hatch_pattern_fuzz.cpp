@@ -4,7 +4,19 @@
 #include "brindle/geometry/coordinate_transform.h"
 #include "brindle/platform/graphics/dc.h"
 #include "brindle/platform/graphics/raster_device.h"
+#include "brindle/platform/graphics/recording_device.h"
 #include "fuzz/support/fuzz_support.h"
+
+namespace {
+
+// A metafile that keeps nothing: lines are cut themselves there.
+class Sink : public brindle::RecordingDevice {
+ public:
+  Sink() : RecordingDevice({64, 48}) { set_kind(Kind::kMetafile); }
+  void line(const brindle::PaintState&, brindle::CPoint, brindle::CPoint) override {}
+};
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace brindle;
@@ -43,6 +55,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     hatch->Draw(&dc, &coor, 0, 0);
     hatch->Draw3D(&dc, &coor, 0.5, 0.5);
   }
+  Sink sink;
+  CDC metafile(sink);
+  CFCoor coor;
+  hatch->Draw(&metafile, &coor, 0, 0);
   BRINDLE_FUZZ_REQUIRE(drawing.Write_MemDxf_To_File(written.path(), 1) == 1);
   DXF copy;
   copy.Set_MaxNum_of_Tables(1, 2, 1, 2);

@@ -85,6 +85,13 @@ void RingCuts::pieces(HatchPoint at, HatchPoint step, std::vector<Piece>& out) {
   }
 }
 
+long RingCuts::cost() const {
+  constexpr std::size_t kPointsPerStroke = 32;
+  std::size_t points = 0;
+  for (const DeviceArea::Ring& ring : rings_) points += ring.size();
+  return static_cast<long>(points / kPointsPerStroke);
+}
+
 bool RingCuts::is_filled(std::size_t rings_around) const {
   if (style_ == 0) return rings_around % 2 == 1;
   return style_ == 1 ? rings_around == 1 : rings_around > 0;
@@ -137,7 +144,11 @@ void HatchLines::draw_line(const HATCH_PATTERN_DATA& family, double x, double y,
   cut_range(y, step_y, box_.bottom, box_.top, whole.first, whole.last);
   if (!(whole.first < whole.last) || !std::isfinite(whole.last - whole.first)) return;
   pieces_.assign(1, whole);
-  if (cuts_ != nullptr) cuts_->pieces({x, y}, {step_x, step_y}, pieces_);
+  --strokes_left_;
+  if (cuts_ != nullptr) {
+    strokes_left_ -= cuts_->cost();
+    cuts_->pieces({x, y}, {step_x, step_y}, pieces_);
+  }
   for (const RingCuts::Piece& piece : pieces_) {
     const RingCuts::Piece shown{std::max(piece.first, whole.first),
                                 std::min(piece.last, whole.last)};

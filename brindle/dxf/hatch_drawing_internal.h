@@ -17,6 +17,8 @@ class RingCuts {
   // rings must outlive the object.
   RingCuts(const std::vector<DeviceArea::Ring>& rings, int style) : rings_(rings), style_(style) {}
 
+  // The work for one line, in strokes.
+  long cost() const;
   // The pieces of the line through a point with a step of length 1, by way along it, in order.
   void pieces(HatchPoint at, HatchPoint step, std::vector<Piece>& out);
 
