@@ -72,4 +72,9 @@ struct ScribedPen : CBase_SGT {
   }
 };
 
+// The same with the text style of sheets and charts.
+struct SheetPen : ScribedPen {
+  SheetPen() { Add_STyle(L"HZ", L"txt", L"hztxt", 0, 0.75); }
+};
+
 }  // namespace brindle
