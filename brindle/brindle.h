@@ -166,8 +166,10 @@
 #include "brindle/sketch/pen/beam_bars.h"
 
 #include "brindle/mesh/chang.h"
+#include "brindle/mesh/chang98.h"
 #include "brindle/mesh/chang_array.h"
 #include "brindle/mesh/chang_records.h"
+#include "brindle/mesh/color_map.h"
 #include "brindle/mesh/contour_records.h"
 #include "brindle/mesh/domain_edge.h"
 #include "brindle/mesh/domain_location.h"
@@ -175,6 +177,7 @@
 #include "brindle/mesh/geo_edge.h"
 #include "brindle/mesh/geo_polygon.h"
 #include "brindle/mesh/geo_vertex.h"
+#include "brindle/mesh/legend.h"
 #include "brindle/mesh/triangulation.h"
 // umbrella: end
 

@@ -176,6 +176,9 @@ class CChang {
   int m_bLabel = 1;
   int m_nLabelFlag = 1;
 
+ protected:
+  int value_slot() const;  // in force; throws outside 0 to 9
+
  private:
   friend class ContourTracer;  // walks for TraceOne
   using Line = CArray<CDengGaoDian, CDengGaoDian>;
@@ -184,8 +187,9 @@ class CChang {
   CChangNode& node(std::int64_t number) {
     return m_arrayNode.unnoted(number < 1 ? -1 : static_cast<INT_PTR>(number - 1));
   }
-  int value_slot() const;  // in force; throws outside 0 to 9
   int current_slot() const;
+  // The colour plot within `area`, each pixel moved by `shift`.
+  void plot_pixels(CDC& dc, const CRect& area, CSize shift, CFCoor& coor, float scale);
   const CChangTri* find_in_tree(float x, float y);
   const CChangTri* find_without_tree(float x, float y);
   float value_in(const CChangTri& triangle, float x, float y);
