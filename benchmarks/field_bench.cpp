@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "benchmarks/support/color_plot_rows.h"
 #include "brindle/geometry/coordinate_transform.h"
 #include "brindle/mesh/chang.h"
 #include "brindle/platform/base/stream.h"
@@ -202,4 +203,5 @@ int main() {
   print_contours();
   print_searches();
   print_file();
+  color_plot_rows::print_color_plots(print);
 }
