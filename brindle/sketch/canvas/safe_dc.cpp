@@ -57,8 +57,7 @@ int CSafeDC::SetLimit(float margin) {
   m_bPrinting = m_pDC != nullptr ? m_pDC->m_bPrinting : 0;
   const int width = m_bPrinting ? m_pDC->GetDeviceCaps(HORZRES) : GetSystemMetrics(SM_CXSCREEN);
   const int height = m_bPrinting ? m_pDC->GetDeviceCaps(VERTRES) : GetSystemMetrics(SM_CYSCREEN);
-  m_fLimit[kLeft] = -margin;
-  m_fLimit[kTop] = -margin;
+  m_fLimit[kLeft] = m_fLimit[kTop] = 0 - margin;  // never -0, which would come out of CutLine
   m_fLimit[kRight] = static_cast<float>(width) + margin;
   m_fLimit[kBottom] = static_cast<float>(height) + margin;
   return 1;

@@ -57,8 +57,8 @@ class DashWalk {
  public:
   DashWalk(int n, const int* dash, double length_px) : n_(n), dash_(dash) {
     const double total = pattern_length(n, dash);
-    // A pattern without length would never end.
-    solid_ = !(total > 0) || !(length_px / total * n < kMostElements);
+    // A pattern without length, or along a negative one, would never end.
+    solid_ = !(total > 0) || !(length_px >= 0 && length_px / total * n < kMostElements);
   }
 
   bool solid() const { return solid_; }

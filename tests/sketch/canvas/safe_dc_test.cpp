@@ -328,6 +328,7 @@ TEST_F(SafeDcTest, EndsOnFiguresBeyondAnyDevice) {
   EXPECT_EQ(drawn([&] {
               canvas.DrawPolyLine(nan, 0, 1, 1, 0, 2, dashes, 0, 0);
               canvas.DrawPolyArc(0, 0, nan, 0, nan, 0, 2, dashes, 0, 0);
+              canvas.DrawPolyArc(100, 100, -50, 0, 6, 0, 2, dashes, 0, 0);
             }),
             "");
   canvas.DrawPolyArc(huge, huge, huge, 0, 6, 0, 2, dashes, 0, 0);
