@@ -114,7 +114,8 @@ int CShx::SetHzFont(const wchar_t* dir, const wchar_t* file) {
       if (bytes.u16(record) != 0 || length == 0) continue;
       const std::size_t end = bytes.u32(record + 4) + length;
       if (length >= 4 && end <= bytes.size()) {
-        m_fHzHeight = static_cast<float>(bytes[end - 4] + bytes[end - 3]);
+        const int above = bytes[end - 4], below = bytes[end - 3];
+        m_fHzHeight = above != 0 ? static_cast<float>(above + below) : 0;
       }
       break;
     }

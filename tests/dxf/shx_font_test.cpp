@@ -227,7 +227,7 @@ TEST_F(ShxFontTest, TakesOnlyWhatIsAFont) {
   EXPECT_EQ(font.GetTxtWidth(L"A", 10, 1) + font.GetHzWidth(L"A", 10, 1), 0);
 
   EXPECT_EQ(load_small(font, small_font(0, kSmall)), 1);
-  EXPECT_EQ(load_big(font, big_font(0, 0, kBig)), 1);
+  EXPECT_EQ(load_big(font, big_font(0, 9, kBig)), 1);
   EXPECT_EQ(font.m_fTxtHeight, 6);
   EXPECT_EQ(font.m_fHzHeight, 16);
   EXPECT_EQ(load_small(font, small_font(20, {})), 0);  // refused: one is there
