@@ -81,6 +81,7 @@ function(brindle_add_all_tests)
   list(REMOVE_ITEM folders platform/qt)
   # The tests of what is drawn in space set up their scene themselves.
   set(libraries_dxf OpenGL::GL)
+  set(libraries_mesh OpenGL::GL)
   foreach(folder IN LISTS folders)
     brindle_add_tests(${folder} LIBRARIES ${libraries_${folder}})
   endforeach()
