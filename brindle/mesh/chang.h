@@ -117,22 +117,41 @@ class CChang {
   int SetCurColor3D(int level, CDXF_3D* drawing);
 
   // --- colours of values
+  // Place in m_arrayIndexColor counted down from the greatest value, cut to it; 0 in a flat field,
+  // and with error 100 without a table. GetIndexColor takes it from a table that runs upwards, or
+  // with m_bUseRange by range; without a table it throws.
   int GetColorIndex(float v);
   DWORD GetIndexColor(float v);
+  // In g_cChangColorIndex, by v * m_fColorScale within m_fRangeMin to m_fRangeMax, cut to it.
   DWORD GetIndexColorByRange(float v);
   void GetRangeIndex(float a, float b, int& ia, int& ib);
+  // Of the first range that holds v, limits included; -1 without one.
   int GetModeColor(float v);
   int AddModeRange(float min, float max, int color);
   int ClearModeRange();
 
-  // --- painting: colour plot (cai se tu, yun tu) and legend (tu li)
+  // --- painting: colour plot (cai se tu, yun tu) and legend (tu li). A value's colour is that of
+  // its mode range with m_bUseModeRange (none: unpainted), else by range with m_bUseRange, else of
+  // 20 palette colours with m_bLevel19, else on the hue wheel from red at the least value to
+  // magenta at the greatest. The last two place value * m_fValueScale between least and greatest
+  // value as they are without that factor: meant so. Legends have their top left corner at (x, y),
+  // the least value on top; `scale` is of all sizes. Ticks stop one short of the greatest value:
+  // meant so. DrawTuLi has rows with m_bUseModeRange.
   void DrawTuLi(CDC* dc, float scale, float min, float max, int x, int y);
   void DrawTuLiUsingRange(CDC* dc, float scale, float min, float max, int x, int y);
+  // Draws the plot into a new bitmap of GetFRect's size on the device, selected into `mem`, where
+  // `dc`'s background colour is left elsewhere; 0 and 0 when there can't be such a bitmap.
   void DrawBaseMap(CDC* dc, CDC* mem, CFCoor* coor, int& width, int& height, float scale);
+  // In 20 colours whatever is set, in the scene's coordinates, without lighting.
   void DrawYunTu_OpenGL();
 
+  // The edges of all triangles as lines, or the triangles as faces in space; with labels
+  // "(number)value" at the nodes.
   virtual int DrawNet(CBase_SGT* pen, float dx, float dy, float scale, int labels);
   virtual int DrawNet3D(CDXF_3D* drawing, float dx, float dy, float dz, float scale, int labels);
+  // The plot within `rc` (a printer's whole page), seen under the angles of `coor`, back to front,
+  // with the legend if legend is 1 and m_bDrawLegend set. Heights are values times scale and
+  // m_fZScale. Sets m_b3D, which stays. 0 for an empty mesh. Draw_TuLi draws the legend alone.
   virtual int Draw_CaiSeTu(CDC* dc, CRect* rc, CFCoor* coor, int legend, float scale);
   virtual int Draw_TuLi(CDC* dc, CRect* rc, CFCoor* coor);
   virtual ~CChang();  // last, so that the operations above keep their slots
