@@ -105,6 +105,8 @@ class CSafeDC {
   // A line with the device's pen, clipped to the limit as it is; 0 when nothing is left.
   int line_within_limit(CPoint from, CPoint to);
   int cut_line(CPoint from, CPoint to);
+  // Lines from pixel to pixel. `whole` tells that all lie within the limit.
+  void draw_chain(const CPoint* pixels, int count, bool whole);
 };
 
 // The canvas of all entity drawing. Who draws sets the device; who changes the pen style sets it

@@ -1,5 +1,6 @@
 // Arcs and circles, thin and wide, as chains of chords.
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -93,21 +94,24 @@ class TurningPoint {
         sine_(std::sin(increment)) {}
 
   CPoint pixel() const { return {to_pixel(cx_ + x_), to_pixel(cy_ + y_)}; }
-  // The same for a point within a device: above 0 and not far.
-  CPoint near_pixel() const {
-    return {static_cast<int>(cx_ + x_ + 0.5), static_cast<int>(cy_ + y_ + 0.5)};
-  }
-  void turn() {
-    const double x = x_;
-    x_ = x * cosine_ - y_ * sine_;
-    y_ = x * sine_ + y_ * cosine_;
+  // The pixels of the next points.
+  void take(CPoint* pixels, int count) {
+    double x = x_, y = y_;
+    for (int i = 0; i < count; ++i) {
+      pixels[i] = CPoint(to_pixel(cx_ + x), to_pixel(cy_ + y));
+      const double turned = x * cosine_ - y * sine_;
+      y = x * sine_ + y * cosine_;
+      x = turned;
+    }
+    x_ = x;
+    y_ = y;
   }
 
  private:
   // trunc(2v + 1) / 2, the nearest pixel.
   static int to_pixel(double v) {
     constexpr double kFar = 1e9;
-    return static_cast<int>(2 * std::clamp(v, -kFar, kFar) + 1) / 2;
+    return static_cast<int>(2 * std::min(std::max(v, -kFar), kFar) + 1) / 2;
   }
 
   double cx_, cy_, x_, y_, cosine_, sine_;
@@ -131,24 +135,30 @@ void CSafeDC::DrawArc(int cx, int cy, int r, float start, float sweep, int y_dow
   SetLimit(0);
   const CircleBox box(static_cast<float>(cx), static_cast<float>(cy), static_cast<float>(r) + 1);
   const bool whole = box.lies_in(m_fLimit);
-  TurningPoint at(cx, cy, r, first, increment);
-  m_ptCur = at.pixel();
-  const auto draw = [&](auto next_pixel, auto line) {
-    for (int i = 0; i <= chords; ++i, at.turn()) {
-      // The last chord goes to the end. The turning has come there when it ran the right way.
-      if (i == chords && sweep < 0) at = TurningPoint(cx, cy, r, end, 0);
-      const CPoint next = next_pixel();
-      line(std::exchange(m_ptCur, next), next);
+  TurningPoint turning(cx, cy, r, first, increment);
+  CPoint pixels[65] = {turning.pixel()};
+  for (int left = chords + 1; left > 0;) {
+    const int count = std::min(left, static_cast<int>(std::size(pixels)) - 1);
+    turning.take(pixels + 1, count);
+    left -= count;
+    // The last chord goes to the end, where the turning has come when it ran the right way.
+    if (left == 0 && sweep < 0) pixels[count] = TurningPoint(cx, cy, r, end, 0).pixel();
+    draw_chain(pixels, count + 1, whole);
+    pixels[0] = pixels[count];
+  }
+  m_ptCur = pixels[0];
+}
+
+void CSafeDC::draw_chain(const CPoint* pixels, int count, bool whole) {
+  const auto inside = [&](int i) { return whole || within_limit(pixels[i]); };
+  for (int i = 1; i < count;) {
+    if (!inside(i - 1) || !inside(i)) {
+      cut_line(pixels[i - 1], pixels[i]);
+      ++i;
+      continue;
     }
-  };
-  if (whole) {
-    draw([&] { return at.near_pixel(); },
-         [&](CPoint from, CPoint to) {
-           m_pDC->MoveTo(from);
-           m_pDC->LineTo(to);
-         });
-  } else {
-    draw([&] { return at.pixel(); }, [&](CPoint from, CPoint to) { line_within_limit(from, to); });
+    m_pDC->MoveTo(pixels[i - 1]);
+    for (; i < count && inside(i); ++i) m_pDC->LineTo(pixels[i]);
   }
 }
 
