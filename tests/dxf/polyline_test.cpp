@@ -287,6 +287,7 @@ TEST(Polylines, Picking) {
   DXF dxf;
   dxf.New_MemDxf();
   ACAD_POLYLINE& arc = *add(dxf, 0, {{0, 0, 1}, {10, 0, 0}});         // down to -5
+  ACAD_POLYLINE& back = *add(dxf, 0, {{0, 0, -1}, {10, 0, 0}});       // up to 5
   ACAD_POLYLINE& band = *add(dxf, 0, {{0, 0, 0}, {10, 0, 0}}, 4, 4);  // 2 to each side
   ACAD_POLYLINE& two = *add(dxf, 0, {{0, 0, 0}, {10, 0, 0}, {10, 10, 0}});
   const double above = kPi / 2;
@@ -297,10 +298,11 @@ TEST(Polylines, Picking) {
   } cases[] = {
       {&arc, {-1, -6, 11, 1}, 1, 1},  {&arc, {-1, -4, 11, 1}, 1, 0},
       {&arc, {4, -6, 6, -4}, 1, 0},   {&arc, {4, 4, 6, 6}, 0, 0},
-      {&band, {4, 1, 6, 5}, 1, 0},    {&band, {-1, -3, 11, 3}, 1, 1},
-      {&band, {-1, -1, 11, 1}, 1, 0}, {&band, {4, 3, 6, 5}, 0, 0},
-      {&two, {9, 4, 11, 6}, 1, 0},    {&two, {-1, -1, 11, 1}, 1, 0},
-      {&two, {-1, -1, 11, 11}, 1, 1},
+      {&back, {4, 4, 6, 6}, 1, 0},    {&back, {4, -6, 6, -4}, 0, 0},
+      {&back, {-1, -1, 11, 6}, 1, 1}, {&band, {4, 1, 6, 5}, 1, 0},
+      {&band, {-1, -3, 11, 3}, 1, 1}, {&band, {-1, -1, 11, 1}, 1, 0},
+      {&band, {4, 3, 6, 5}, 0, 0},    {&two, {9, 4, 11, 6}, 1, 0},
+      {&two, {-1, -1, 11, 1}, 1, 0},  {&two, {-1, -1, 11, 11}, 1, 1},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.rect.left << ' ' << c.rect.bottom);
