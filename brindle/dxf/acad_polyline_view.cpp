@@ -29,14 +29,12 @@ bool bulge_arc(const Vertex& from, const Vertex& to, BulgeArc& arc) {
   return bulge_arc(from.x, from.y, to.x, to.y, from.m_dBulge, arc);
 }
 
-// A segment without its widths. An arc runs counter-clockwise whatever the segment's way: CFShape
-// takes the crossings of a clockwise one for those of the rest of its circle.
+// A segment without its widths.
 CFShape shape_of(const Vertex& from, const Vertex& to) {
   const CFPoint p = plane_point(from), q = plane_point(to);
   BulgeArc arc;
   if (!bulge_arc(from, to, arc)) return CFShape(p, q);
-  const float half = static_cast<float>(-std::fabs(arc.sweep) / 2);
-  return arc.sweep > 0 ? CFShape(p, q, half) : CFShape(q, p, half);
+  return CFShape(p, q, static_cast<float>(-arc.sweep / 2));
 }
 
 // The corners of a straight segment's band: right and left of the start, left and right of the end.

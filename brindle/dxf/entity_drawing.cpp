@@ -1,6 +1,7 @@
 #include "brindle/dxf/entity_drawing.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cwchar>
 #include <limits>
 #include <vector>
@@ -27,12 +28,23 @@ bool all_inside(const CFRegion& region, std::initializer_list<CFPoint> points) {
                      [&](const CFPoint& p) { return region.InRegion(p) != 0; });
 }
 
+// The same arc as a counter-clockwise one that starts in [0, 2 pi): crossings with any other are
+// looked for on the rest of its circle.
+CFShape in_first_turn(const CFShape& arc) {
+  constexpr double kTurn = 2 * 3.14159265358979323846;
+  const double sweep = arc.GetB();
+  const double start = std::fmod(arc.GetStartAngle() + std::min(sweep, 0.0), kTurn);
+  return CFShape(arc, arc.GetR(), static_cast<float>(start < 0 ? start + kTurn : start),
+                 static_cast<float>(std::fabs(sweep)));
+}
+
 bool meets_an_edge(const CFShape& shape, const CFRegion& region) {
   constexpr INT_PTR kFew = 16;
   const INT_PTR most = 2 * region.GetSize();
   CFPoint few[kFew];
   std::vector<CFPoint> many(most > kFew ? static_cast<std::size_t>(most) : 0);
-  return region.Intersect(shape, many.empty() ? few : many.data()) != 0;
+  return region.Intersect(shape.IsArc() ? in_first_turn(shape) : shape,
+                          many.empty() ? few : many.data()) != 0;
 }
 
 }  // namespace
