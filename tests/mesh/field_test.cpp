@@ -69,8 +69,8 @@ const Mesh kMeshes[] = {
     {"square", -2, 12, [](CChang& f) { fill_square(f, 12, 10, std::hypotf); }},
     {"all areas below the tolerance", 0, 0.02f,
      [](CChang& f) { fill_square(f, 12, 0.02f, std::hypotf); }},
-    {"tiny triangles that count as turned", -1, 2,
-     [](CChang& f) { fill_square(f, 30, 0.1f, std::hypotf); }},
+    {"tiny triangles that count as turned", -0.02f, 0.1f,
+     [](CChang& f) { fill_square(f, 40, 0.08f, std::hypotf); }},
     {"overlapping, far from the origin", 999990, 1000120,
      [](CChang& f) { fill_at_random(f, 1e6f, 100, 30, 1); }},
     {"overlapping slivers", -1, 6, [](CChang& f) { fill_at_random(f, 0, 5, 8, 2); }},
@@ -236,15 +236,11 @@ TEST(FieldOrder, EqualsInsertion) {
 }
 
 TEST(FieldFile, HoldsALineForEachRecord) {
-  const std::string text =
-      "3,1\r\n"
-      "1.000000,2.500000,-0.125000,1.000000,2.000000,3.000000,4.000000,5.000000,6.000000,7.000000,"
-      "8.000000,9.000000\r\n"
-      "0.000000,0.000000,inf,0.000000,0.000000,0.000000,0.000000,0.000000,0.000000,0.000000,"
-      "0.000000,0.000000\r\n"
-      "4.000000,0.000000,0.000000,0.000000,0.000000,0.000000,0.000000,0.000000,0.000000,0.000000,"
-      "0.000000,0.333333\r\n"
-      "1,2,3\r\n";
+  const std::string zeros =
+      ",0.000000,0.000000,0.000000,0.000000,0.000000,0.000000,0.000000,0.000000";
+  const std::string text = "3,1\r\n1.000000,2.500000,-0.125000" + zeros + ",9.000000\r\n" +
+                           "0.000000,0.000000,inf" + zeros + ",0.333333\r\n" +
+                           "4.000000,0.000000,1234567.000000" + zeros + ",0.000000\r\n1,2,3\r\n";
   const TemporaryFolder folder;
   const RecordedMessages user;
   put_bytes(folder / "in.chg", text);
@@ -312,13 +308,11 @@ TEST(FieldFile, SurvivesWhatItIsNot) {
   EXPECT_EQ(user.messages.size(), 1u);
 }
 
-TEST(Field, MeasuresItsNodes) {
+TEST(Field, MeasuresTheSlotInForce) {
   CChang field;
   float min = 0, max = 0;
   EXPECT_EQ(field.GetMinMaxZ(min, max), 1);
-  EXPECT_EQ(min, 1e20f);
-  EXPECT_EQ(max, -1e20f);
-  EXPECT_EQ(field.GetFRect().Area(), 0);
+  EXPECT_EQ(min - max, 2e20f);
   add_node(field, -1, 2, 3);
   add_node(field, 4, 5, -6);
   field.m_arrayNode[1].values[4] = 9;
@@ -328,8 +322,7 @@ TEST(Field, MeasuresItsNodes) {
   field.m_nField2 = 4;
   field.GetMinMaxZ(min, max);
   EXPECT_EQ(max, 9);
-  EXPECT_EQ(field.GetFRect().left, -1);
-  EXPECT_EQ(field.m_rect.top, 5);
+  EXPECT_EQ(field.GetFRect().Area(), 15);
 }
 
 }  // namespace
