@@ -17,8 +17,8 @@ constexpr double kMostPixels = 1e6;  // of an em square; nobody sees such text
 
 bool qt_has_fonts(const GlyphFont& font) {
   return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) &&
-         QThread::currentThread() == qApp->thread() && std::isfinite(font.em_size) &&
-         font.em_size > 0 && std::isfinite(font.x_scale);
+         QThread::currentThread() == QCoreApplication::instance()->thread() &&
+         std::isfinite(font.em_size) && font.em_size > 0 && std::isfinite(font.x_scale);
 }
 
 bool is_finite(const GlyphMap& map) {
