@@ -28,7 +28,7 @@ double sweep_of(double start, double end) {
 int chord_count(double radius, double sweep_deg, const Flattening& how) {
   const int most = std::max(how.most_chords, 1);
   const double turns = sweep_deg / kTurn;
-  double chords = most * turns;
+  double chords = std::max(most * turns, 8.0);  // a flat arc too must show its rise
   if (how.tolerance > 0) {
     // A chord of half-angle h stands off by radius (1 - cos h).
     const double half_angle = std::acos(std::max(0.0, 1 - how.tolerance / radius));
