@@ -4,6 +4,7 @@
 #include <string>
 
 #include "examples/beam/concrete.h"
+#include "examples/common/sheet_words.h"
 
 namespace brindle::beam {
 
@@ -18,6 +19,7 @@ struct SectionInput {
   const Steel* stirrup_steel = nullptr;
   double moment = 0;
   double shear = 0;
+  examples::SheetWords sheet;
 };
 
 // Reads the project file at `path` into `out` and returns true. Anything missing, out of its range

@@ -19,7 +19,7 @@ struct SectionCase {
 
   SectionInput input() const {
     SectionInput filled{L"KL-9(框架梁)",     width,  height, cover, {}, find_steel(main),
-                        find_steel(stirrup), moment, shear};
+                        find_steel(stirrup), moment, shear,  {}};
     EXPECT_TRUE(find_concrete(grade, &filled.concrete));
     return filled;
   }

@@ -36,6 +36,8 @@ TEST(SectionInput, ReadsAWholeFile) {
       {"plain", gbk(kTag + kName + kSizes + kMaterials + kForces)},
       {"comments, blank lines, CR LF, blanks for commas", with_cr},
       {"no end of the last line", no_last_end},
+      {"words for the title block",
+       gbk(kTag + kName + kSizes + kMaterials + kForces + L"综合楼,结施-1\n一,二,三,四,五,六\n")},
       {"a comment longer than any line", gbk(kTag + L"//" + std::wstring(2000, L'长') + L"\n" +
                                              kName + kSizes + kMaterials + kForces)},
   };
@@ -113,8 +115,11 @@ TEST(SectionInput, NamesTheLineOfEveryFault) {
        kTag + kName + L"250,600,25,7\n" + kMaterials + kForces,
        {{3, {L"多余", L"7"}}}},
       {"surplus line",
-       kTag + kName + kSizes + kMaterials + kForces + L"1,2\n",
-       {{6, {L"多余", L"1,2"}}}},
+       kTag + kName + kSizes + kMaterials + kForces + L"a,b\nc\nd\n1,2\n",
+       {{9, {L"多余", L"1,2"}}}},
+      {"surplus word for the title block",
+       kTag + kName + kSizes + kMaterials + kForces + L"a,b,c,d,e\n",
+       {{6, {L"多余", L"e"}}}},
       {"full-width comma",
        kTag + kName + L"250，600，25\n" + kMaterials + kForces,
        {{3, {L"截面宽 b"}}, {3, {L"缺少截面高 h"}}, {3, {L"缺少保护层厚 c"}}}},
