@@ -2,6 +2,7 @@
 // become messages to the grid (table_messages.h).
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "brindle/platform/window/button.h"
@@ -21,17 +22,20 @@ class CTabEditInputNum : public CWnd {
  public:
   static constexpr int kWidth = 80, kHeight = 50;
 
-  // Shows the pad for `edit`, which must outlive it.
-  BOOL create_pad(CEdit* edit, CWnd* parent);
-  // What a press on a key does; the keys are named by their texts.
+  ~CTabEditInputNum() override { DestroyWindow(); }
+
+  // Shows the pad as a sibling of `edit`, which must outlive it.
+  BOOL create_pad(CEdit* edit);
+  // What a press on a key does; the keys are known by their texts.
   void press(const CString& key);
 
  protected:
-  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+  BOOL OnEraseBkgnd(CDC* dc) override;
 
  private:
   CEdit* m_pEdit = nullptr;
-  std::unique_ptr<CButton> m_arKey[13];
+  std::array<CButton, 13> m_arKey;
 };
 
 // Up, Down and Return stay with the control while m_bMultiLine is set.
@@ -41,20 +45,27 @@ class CTabEdit : public CEdit {
   int m_bHaveBtn = 0;   // CreateButton puts the button ">" up
   int m_bInputNum = 0;  // CreateInputNum puts the number pad up
 
-  // Each shows its helper when its flag is set, and takes an older one away in any case.
+  // Each takes an older helper away and shows a new one if its flag is set.
   void CreateButton();
   void CreateInputNum();
   void destroy_helpers();
   CTabEditButton* button() const { return m_pButton.get(); }
   CTabEditInputNum* number_pad() const { return m_pInputNum.get(); }
 
+  BOOL PreTranslateMessage(MSG* message) override;
+  BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+
  protected:
-  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+  void OnKeyDown(UINT key, UINT repeat, UINT flags) override;
+  void OnChar(UINT character, UINT repeat, UINT flags) override;
+  void OnKillFocus(CWnd* new_window) override;
+  void OnLButtonDblClk(UINT flags, CPoint point) override;
+  UINT OnGetDlgCode() override;
 
  private:
-  // Whether the key is done with.
-  bool key_down(UINT key);
-  bool character(UINT code);
+  // The message that the key stands for, 0 when the control keeps it.
+  UINT message_of(UINT key) const;
 
   std::unique_ptr<CTabEditButton> m_pButton;
   std::unique_ptr<CTabEditInputNum> m_pInputNum;

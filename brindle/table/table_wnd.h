@@ -13,6 +13,8 @@
 #include "brindle/platform/graphics/dc.h"
 #include "brindle/platform/window/button.h"
 #include "brindle/platform/window/combo_box.h"
+#include "brindle/platform/window/menu.h"
+#include "brindle/platform/window/tool_tip.h"
 #include "brindle/platform/window/wnd.h"
 #include "brindle/table/popup_tip.h"
 #include "brindle/table/tab_edit.h"
@@ -96,6 +98,7 @@ class CTableWnd : public CWnd {
   // Makes the child window; `parent` becomes the owner. With m_bFixedWindowSize the size of `rect`
   // is known when InitialAllData runs, otherwise the window gets no wider than the table needs.
   virtual BOOL Create(const RECT& rect, CWnd* parent, UINT id);
+  using CWnd::Create;
   // Sets m_nHangCount, the column widths and other data.
   virtual void InitialAllData() = 0;
   virtual BOOL UseCombo(int hang, int lie);
@@ -235,6 +238,9 @@ class CTableWnd : public CWnd {
   LRESULT OnTableClearHint(WPARAM wParam, LPARAM lParam);
   void DealComboCloseUp();
 
+  // The row menu for the current row.
+  void fill_row_menu(CMenu& menu);
+
   // --- Commands of the row menu.
   void OnTableBtnAdd();
   void OnTableBtnIns();
@@ -297,6 +303,87 @@ class CTableWnd : public CWnd {
   CButton* m_pCellButton = nullptr;       // owned
   CTabEdit m_Edit;
   CString m_strText;  // a dump without a file
+
+ protected:
+  BOOL DestroyWindow() override;
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+  BOOL PreTranslateMessage(MSG* message) override;
+  int OnCreate(LPCREATESTRUCT create) override;
+  void OnDestroy() override;
+  UINT OnGetDlgCode() override;
+  void OnPaint() override;
+  BOOL OnEraseBkgnd(CDC* dc) override;
+  BOOL OnSetCursor(CWnd* window, UINT hit_test, UINT message) override;
+  void OnKeyDown(UINT key, UINT repeat, UINT flags) override;
+  void OnChar(UINT character, UINT repeat, UINT flags) override;
+  void OnLButtonDown(UINT flags, CPoint point) override;
+  void OnLButtonUp(UINT flags, CPoint point) override;
+  void OnLButtonDblClk(UINT flags, CPoint point) override;
+  void OnMouseMove(UINT flags, CPoint point) override;
+  void OnRButtonDown(UINT flags, CPoint point) override;
+  BOOL OnMouseWheel(UINT flags, short delta, CPoint screen) override;
+  void OnHScroll(UINT code, UINT position, CWnd* bar) override;
+  void OnVScroll(UINT code, UINT position, CWnd* bar) override;
+
+ private:
+  class Committing;
+
+  TableLayout layout() const;
+  bool has_window() const { return m_hWnd != nullptr; }
+  bool has_cell(int hang, int lie) const;
+  void set_bar(int bar, int first, int last, int position);
+  void tell_owner(UINT message, WPARAM wParam, LPARAM lParam);
+
+  // Scrolling to a position within the range; returns whether anything moved.
+  bool scroll_rows(int position);
+  bool scroll_columns(int position);
+
+  // The editors.
+  bool edit_shown() const;
+  CComboBox* shown_combo();
+  bool typed_in_editor(CString& text) const;
+  void commit(int hang, int lie, CString text, const CString& shown);
+  CString combo_text(CComboBox& combo);
+  void hide_combo(CComboBox& combo);
+  void hide_editors();
+  void make_current(int hang, int lie);
+  bool still_enterable(int hang, int lie);
+  void keep_row(int hang, int shift);
+  void move_to(int hang, int lie);
+  void travel(Travel way, int hang, int lie, int& newHang, int& newLie);
+  void go(void (CTableWnd::*find)(int, int, int&, int&));
+  void touch_check(int hang, int lie);
+  void take_choice(const CString& choice);
+
+  // The mouse.
+  bool start_title_drag(CPoint point);
+  void drag_title(CPoint point);
+  void click_title(CPoint point);
+  void select_by_click(int hang, int lie, UINT flags);
+  bool cell_at(CPoint point, int& hang, int& lie);
+  bool small_button_rect(int hang, int lie, CRect& rect);
+
+  // Painting.
+  void paint_buffered(CDC* dc);
+  void fill_cell(CDC* dc, const CRect& rect, COLORREF color);
+  void draw_selection_mark(CDC* dc, const CRect& rect);
+  void draw_small_button(CDC* dc, const CRect& rect, bool hot);
+  void draw_row_lines(CDC* dc, const CRect& client);
+
+  int m_nCommitting = 0;    // what stands in the editors is being handed over, or mustn't be
+  int m_bCheckTouched = 0;  // a click reached a check
+  int m_nHotHang = -1, m_nHotLie = -1;  // the small button under the mouse
+  bool m_bErased = false;               // the erasing has painted everything already
+  CBitmap m_bmpBuffer;
+  CFont m_CheckFont;
+  CToolTipCtrl m_ToolTip;
 };
+
+// A popup with the commands of the row menu, for tools that have no grid at hand.
+void make_table_menu(CMenu& menu);
+
+// For tools: whether their grids show tips. The library itself doesn't read it.
+extern int G_Disp_TableTip;
 
 }  // namespace brindle
