@@ -52,7 +52,7 @@ inline double pattern_length(int n, const int* dash) {
   return total;
 }
 
-// A dash array, walked again and again from a start to an end in units of `scale` device units.
+// A dash array, walked again and again along `length_px`; solid when it would take too long.
 class DashWalk {
  public:
   DashWalk(int n, const int* dash, double length_px) : n_(n), dash_(dash) {
