@@ -28,5 +28,6 @@ extern const Command kInfoCommand;
 extern const Command kConvertCommand;
 extern const Command kRenderCommand;
 extern const Command kMeshCommand;
+extern const Command kFieldCommand;
 
 }  // namespace brindle::cli

@@ -3,8 +3,8 @@
 namespace brindle::cli {
 
 const std::vector<const Command*>& all_commands() {
-  static const std::vector<const Command*> commands = {&kInfoCommand, &kConvertCommand,
-                                                       &kRenderCommand, &kMeshCommand};
+  static const std::vector<const Command*> commands = {
+      &kInfoCommand, &kConvertCommand, &kRenderCommand, &kMeshCommand, &kFieldCommand};
   return commands;
 }
 

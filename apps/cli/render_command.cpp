@@ -1,18 +1,16 @@
 // `brindle render`: a picture of a drawing.
 #include <algorithm>
-#include <cwctype>
 #include <memory>
 
 #include "apps/cli/command.h"
 #include "apps/cli/console.h"
 #include "apps/cli/drawing.h"
+#include "apps/cli/picture.h"
 #include "apps/cli/toolkit.h"
 #include "brindle/dxf/drawing_picture.h"
 #include "brindle/dxf/hatch_pattern.h"
 #include "brindle/dxf/line_type_file.h"
-#include "brindle/dxf/shx_font.h"
 #include "brindle/platform/base/assets.h"
-#include "brindle/platform/base/convert.h"
 #include "brindle/platform/base/stream.h"
 #include "brindle/platform/graphics/emf_device.h"
 #include "brindle/platform/graphics/metafile_dc.h"
@@ -24,28 +22,8 @@
 namespace brindle::cli {
 namespace {
 
-constexpr double kDpi = 96;
 constexpr double kRadiansOfDegree = 3.14159265358979323846 / 180.0;
 constexpr int kLargestSide = 32767;
-
-std::wstring extension_of(const std::wstring& path) {
-  const std::size_t dot = path.find_last_of(L"./");
-  if (dot == std::wstring::npos || path[dot] != L'.') return {};
-  std::wstring extension = path.substr(dot + 1);
-  for (wchar_t& c : extension) c = static_cast<wchar_t>(std::towlower(static_cast<wint_t>(c)));
-  return extension;
-}
-
-// Two numbers with a mark between them, "1600x1000"; false for anything else.
-bool two_numbers(const std::string& text, char between, double& first, double& second) {
-  const char* end = text.data() + text.size();
-  const char* at = nullptr;
-  first = parse_double(text.data(), end, &at);
-  if (at == text.data() || at == end || *at != between) return false;
-  const char* start = at + 1;
-  second = parse_double(start, end, &at);
-  return at != start && at == end;
-}
 
 PictureView view_of(const Arguments& arguments) {
   PictureView view;
@@ -74,18 +52,6 @@ PictureView view_of(const Arguments& arguments) {
   return view;
 }
 
-void load_fonts(const Arguments& arguments) {
-  std::wstring folder =
-      arguments.has("--fonts") ? from_path(arguments.value("--fonts")) : find_asset(L"fonts/");
-  if (!folder.empty() && folder.back() != L'/') folder += L'/';
-  for (const wchar_t* name : {L"TXT.SHX", L"HZTXT.SHX"}) {
-    if (file_exists((folder + name).c_str())) continue;
-    complain(
-        wformat(L"font file %s is missing: its texts are drawn in an outline font", folder + name));
-  }
-  LoadShx(folder.c_str());
-}
-
 // Line types and patterns that the drawing names and doesn't hold itself.
 void load_assets() {
   const std::wstring line_types = find_asset(L"linetypes/brindle.lin");
@@ -97,9 +63,10 @@ void load_assets() {
 }
 
 bool render_png(DXF& drawing, const PictureView& view, const std::wstring& path) {
-  RasterDevice device(view.size.cx, view.size.cy, kDpi);
+  RasterDevice device(view.size.cx, view.size.cy, kPictureDpi);
   CDC dc(device);
-  return draw_picture(drawing, dc, view) != 0 && write_png(path.c_str(), device.bitmap(), kDpi);
+  return draw_picture(drawing, dc, view) != 0 &&
+         write_png(path.c_str(), device.bitmap(), kPictureDpi);
 }
 
 // `dc` of the kind that suits the device: entities tell a metafile from other devices.
@@ -114,7 +81,7 @@ bool render_file(DXF& drawing, const PictureView& view, std::unique_ptr<FileDevi
 double finer_units(PictureView& view) {
   const int finer = std::clamp(kLargestSide / std::max(view.size.cx, view.size.cy), 1, 3);
   view.size = CSize(view.size.cx * finer, view.size.cy * finer);
-  return kDpi * finer;
+  return kPictureDpi * finer;
 }
 
 bool render(DXF& drawing, PictureView view, const std::wstring& path) {
@@ -124,7 +91,7 @@ bool render(DXF& drawing, PictureView view, const std::wstring& path) {
   // Pages are black on white by the draughtsman's rule; a picture keeps its colours.
   SetDXFPrintColor(1);
   if (form == L"svg") {
-    return render_file<CDC>(drawing, view, std::make_unique<SvgDevice>(to, view.size, kDpi));
+    return render_file<CDC>(drawing, view, std::make_unique<SvgDevice>(to, view.size, kPictureDpi));
   }
   const double dpi = finer_units(view);
   if (form == L"pdf") return render_file<CDC>(drawing, view, make_pdf(path, view.size, dpi));

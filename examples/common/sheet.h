@@ -15,7 +15,6 @@ namespace brindle::examples {
 
 // Paper millimetres of a landscape A3 sheet and its blocks, from the sheet's lower left corner.
 inline constexpr float kSheetRight = 415, kSheetTop = 292, kSheetLeft = 25, kSheetBottom = 5;
-inline constexpr float kTitleBlockTop = 45, kTitleBlockLeft = 235;
 
 // Width of a text in the style "HZ", drawing units.
 inline float text_width(const std::wstring& text, float height) {

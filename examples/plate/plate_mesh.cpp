@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <utility>
 
 #include "brindle/frame/utility/tell_error.h"
@@ -16,7 +17,16 @@ namespace {
 constexpr double kClearance = 0.6;
 constexpr double kColumnRoom = 0.3;  // of a held point off an edge
 constexpr double kOnEdge = 1e-6;     // m
-constexpr double kAreaError = 1e-3;  // of the slab
+// The grid's points are moved by up to this part of the mesh size, the same in every run: many
+// points on one circle make triangulations that overlap.
+constexpr double kShake = 0.04;
+constexpr double kAreaError = 1e-6;  // of the slab
+
+double edge_distance(const PlateInput& plate, Point p) {
+  double nearest = ring_distance(plate.outline, p);
+  for (const Ring& opening : plate.openings) nearest = std::min(nearest, ring_distance(opening, p));
+  return nearest;
+}
 
 class MeshInput {
  public:
@@ -37,14 +47,6 @@ class MeshInput {
   const std::vector<Point>& column_points() const { return column_points_; }
 
  private:
-  double edge_distance(Point p) const {
-    double nearest = ring_distance(plate_.outline, p);
-    for (const Ring& opening : plate_.openings) {
-      nearest = std::min(nearest, ring_distance(opening, p));
-    }
-    return nearest;
-  }
-
   std::vector<long> add_ring(const Ring& ring) {
     std::vector<long> indices;
     for (size_t i = 0; i < ring.points.size(); ++i) {
@@ -87,7 +89,8 @@ class MeshInput {
   }
 
   bool hold_point(Point p) {
-    if (!inside_plate(plate_, p) || edge_distance(p) < kColumnRoom * plate_.mesh_size) return false;
+    if (!inside_plate(plate_, p) || edge_distance(plate_, p) < kColumnRoom * plate_.mesh_size)
+      return false;
     mesh_.Add_Vertex(p.x, p.y);
     column_points_.push_back(p);
     taken_.push_back(p);
@@ -105,17 +108,26 @@ class MeshInput {
     int row = 0;
     for (double y = low_y + clear; y < high_y; y += step, ++row) {
       for (double x = low_x + (row % 2 == 0 ? h / 2 : h); x < high_x; x += h) {
-        const Point p{x, y};
+        const Point p = shaken(x, y);
         const bool free =
             std::none_of(column_points_.begin(), column_points_.end(),
                          [&](const Point& c) { return std::hypot(c.x - p.x, c.y - p.y) < clear; });
-        if (free && inside_plate(plate_, p) && edge_distance(p) >= clear) mesh_.Add_Vertex(x, y);
+        if (free && inside_plate(plate_, p) && edge_distance(plate_, p) >= clear) {
+          mesh_.Add_Vertex(p.x, p.y);
+        }
       }
     }
   }
 
+  Point shaken(double x, double y) {
+    const auto part = [](double v) { return v - std::floor(v) - 0.5; };
+    const double n = ++shakes_, reach = 2 * kShake * plate_.mesh_size;
+    return {x + reach * part(n * 0.6180339887), y + reach * part(n * 0.7548776662)};
+  }
+
   const PlateInput& plate_;
   CGeoCDT& mesh_;
+  int shakes_ = 0;
   std::vector<Point> ring_points_, column_points_;
   std::vector<Point> taken_;  // inside; the grid keeps clear of them
 };
@@ -167,15 +179,28 @@ void hold_edges(const Ring& ring, PlateMesh* mesh) {
   }
 }
 
-double mesh_area(const PlateMesh& mesh) {
-  double area = 0;
+// Whether the triangles fill the slab and meet side to side: a side of one triangle lies on an
+// edge.
+bool is_whole(const PlateInput& plate, const PlateMesh& mesh) {
+  double area = std::fabs(ring_area(plate.outline));
+  for (const Ring& opening : plate.openings) area -= std::fabs(ring_area(opening));
+  double covered = 0;
+  std::map<std::pair<int, int>, int> sides;
+  const auto node = [&](int n) { return mesh.nodes[static_cast<size_t>(n)]; };
   for (const auto& t : mesh.triangles) {
-    const Point &a = mesh.nodes[static_cast<size_t>(t[0])],
-                &b = mesh.nodes[static_cast<size_t>(t[1])],
-                &c = mesh.nodes[static_cast<size_t>(t[2])];
-    area += area_tri(a.x, a.y, b.x, b.y, c.x, c.y);
+    const Point a = node(t[0]), b = node(t[1]), c = node(t[2]);
+    covered += area_tri(a.x, a.y, b.x, b.y, c.x, c.y);
+    for (size_t k = 0; k < 3; ++k) {
+      ++sides[{std::min(t[k], t[(k + 1) % 3]), std::max(t[k], t[(k + 1) % 3])}];
+    }
   }
-  return area;
+  if (std::fabs(covered - area) > kAreaError * area) return false;
+  return std::all_of(sides.begin(), sides.end(), [&](const auto& entry) {
+    const auto& [side, count] = entry;
+    const Point a = node(side.first), b = node(side.second);
+    return count == 2 ||
+           (count == 1 && edge_distance(plate, {(a.x + b.x) / 2, (a.y + b.y) / 2}) < kOnEdge);
+  });
 }
 
 }  // namespace
@@ -184,7 +209,11 @@ bool make_plate_mesh(const PlateInput& plate, PlateMesh* out) {
   CGeoCDT mesh;
   MeshInput input(plate, mesh);
   input.add_all();
-  mesh.Generate();
+  // Without the refinement: the points are well spread already, and those that it adds near an edge
+  // could break the edge.
+  mesh.Prepare();
+  mesh.Split_Edge();
+  mesh.Form_Delaunay_P();
   take_triangles(plate, mesh, out);
   out->supports.resize(out->nodes.size());
   hold_edges(plate.outline, out);
@@ -195,11 +224,8 @@ bool make_plate_mesh(const PlateInput& plate, PlateMesh* out) {
       out->supports[n].deflection |= here;
     }
   }
-  double area = std::fabs(ring_area(plate.outline));
-  for (const Ring& opening : plate.openings) area -= std::fabs(ring_area(opening));
-  if (std::fabs(mesh_area(*out) - area) <= kAreaError * area) return true;
-  tell_error1(301, L"网格面积 %.3f m2 与板面积 %.3f m2 不符，请调整网格尺寸。", mesh_area(*out),
-              area);
+  if (is_whole(plate, *out)) return true;
+  tell_error(301, L"网格不完整，请调整网格尺寸。");
   return false;
 }
 

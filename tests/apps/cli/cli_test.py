@@ -61,9 +61,9 @@ class CommandLine(unittest.TestCase):
         for words in (["--help"], ["-h"], ["help"]):
             status, output, errors = self.run_program(*words)
             self.assertEqual((status, errors), (0, ""))
-            for command in "info", "convert", "render", "mesh":
+            for command in "info", "convert", "render", "mesh", "field":
                 self.assertIn(f"\n  {command} ", output)
-        for command in "info", "convert", "render", "mesh":
+        for command in "info", "convert", "render", "mesh", "field":
             for words in ([command, "--help"], [command, "a", "b", "c", "-h"]):
                 status, output, errors = self.run_program(*words)
                 self.assertEqual((status, errors), (0, ""))
@@ -92,6 +92,15 @@ class CommandLine(unittest.TestCase):
             (["render", "a", "b.png", "--background", "red"], "--background takes black or white"),
             (["render", "a", "b.png", "--view", "30"], "--view takes two angles"),
             (["convert", "a", "b", "--to=r12", "--hatches=1"], "option --hatches takes no value"),
+            (["field", "a"], "one of --contours, --step and --value is needed"),
+            (["field", "a", "--contours", "3", "--step", "1", "--out", "b.dxf"], "one of --contours"),
+            (["field", "a", "--contours", "1.5", "--out", "b.dxf"], "--contours takes a number"),
+            (["field", "a", "--step", "0", "--out", "b.dxf"], "--step takes a step above 0"),
+            (["field", "a", "--step", "1", "--out", "b.svg"], "--out ends with .dxf or .png"),
+            (["field", "a", "--step", "1"], "option --out is missing"),
+            (["field", "a", "--value", "1"], "--value takes X,Y"),
+            (["field", "a", "--value", "1,1", "--component", "10"], "--component takes a value slot"),
+            (["field", "a", "--step", "1", "--out", "b.png", "--bands", "20"], "--bands takes 19"),
         ]
         for words, message in cases:
             with self.subTest(words):
@@ -261,6 +270,47 @@ class CommandLine(unittest.TestCase):
         status, _, errors = self.run_program("render", "missing.dxf", "b.svg")
         self.assertEqual(status, 1)
         self.assertFalse((self.folder / "b.svg").exists())
+
+    # Two triangles over a unit square: the first value is 10 x, the second 10 y.
+    def write_field(self, second_triangle="1,3,4"):
+        corners = [(0, 0), (1, 0), (1, 1), (0, 1)]
+        rows = [f"{x},{y},{10 * x},{10 * y}" + ",0" * 8 for x, y in corners]
+        return self.write("a.chg", "\r\n".join(["4,2", *rows, "1,2,3", second_triangle, ""]))
+
+    def test_field_tells_a_value(self):
+        name = self.write_field()
+        for words, told in [(["0.25,0.75"], "2.5"), (["0.25,0.75", "--component=1"], "7.5"),
+                            (["3,0.9"], "10 (outside; of the nearest node)")]:
+            self.assertEqual(self.run_program("field", name, "--value", *words),
+                             (0, told + "\n", ""))
+
+    def test_field_draws_its_contours(self):
+        name = self.write_field()
+        for words, values in [(["--contours", "3"], {2.5, 5, 7.5}), (["--step", "4"], {4, 8})]:
+            self.assertEqual(self.run_program("field", name, *words, "--out", "a.dxf"), (0, "", ""))
+            lines = ezdxf.readfile(self.folder / "a.dxf").modelspace().query("LINE")
+            rim = [line for line in lines if line.dxf.layer == "RIM"]
+            self.assertEqual(len(rim), 4)
+            drawn = {round(line.dxf.start.x * 10, 3) for line in lines if line.dxf.layer == "CONTOUR"}
+            self.assertEqual(drawn - {0}, values)
+        words = "--step", "4", "--bands", "19", "--out", "a.png"
+        self.assertEqual(self.run_program("field", name, *words), (0, "", ""))
+        self.assertEqual(struct.unpack(">II", (self.folder / "a.png").read_bytes()[16:24]),
+                         (1600, 1000))
+
+    def test_field_refuses_what_is_none(self):
+        self.write("junk.chg", "junk\n")
+        for name, message in [("none.chg", "can't read the field"), ("junk.chg", "can't read the field"),
+                              (self.write_field("1,3,9"), "a node that isn't there")]:
+            for words in (["--value", "9,9"], ["--step", "1", "--out", "x.dxf"]):
+                status, output, errors = self.run_program("field", name, *words)
+                self.assertEqual((status, output), (1, ""))
+                self.assertIn(message, errors)
+        status, _, errors = self.run_program("field", self.write_field(), "--step", "1e-6", "--out",
+                                             "x.dxf")
+        self.assertEqual(status, 1)
+        self.assertIn("more than 1000 contours", errors)
+        self.assertFalse((self.folder / "x.dxf").exists())
 
     def test_mesh_draws_the_slab(self):
         slab = Path(os.environ["BRINDLE_SOURCE_DIR"]) / "examples/data/slab.txt"

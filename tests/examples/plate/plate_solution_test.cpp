@@ -91,7 +91,13 @@ TEST(PlateSolution, FillsReflexCornersAndOpeningsAndHoldsColumns) {
   plate.openings = {{{{1.5, 4}, {1.5, 5.5}, {3, 5.5}, {3, 4}},
                      {Edge::kFree, Edge::kFree, Edge::kFree, Edge::kFree}}};
   plate.columns = {{{6, 4}, 0.4, 0.4}, {{9, 4}, 0.4, 0.4}, {{4.5, 3}, 0.5, 0.5}};
-  const Solved solved(plate);  // the mesh checks its own area
+  for (int i = 0; i < 40; ++i) {  // the mesh checks itself
+    plate.mesh_size = 0.25 + 0.0125 * i;
+    PlateMesh mesh;
+    EXPECT_TRUE(make_plate_mesh(plate, &mesh)) << plate.mesh_size;
+  }
+  plate.mesh_size = 0.4;
+  const Solved solved(plate);
   for (const Point held : {Point{6, 4}, Point{9, 4}, Point{4.25, 2.75}}) {
     EXPECT_NEAR(solved.nearest(held).deflection_mm, 0, 1e-3);
   }
