@@ -19,7 +19,6 @@
 #include "brindle/table/popup_tip.h"
 #include "brindle/table/tab_edit.h"
 #include "brindle/table/table_layout.h"
-#include "brindle/table/table_messages.h"
 
 namespace brindle {
 
@@ -327,7 +326,17 @@ class CTableWnd : public CWnd {
   void OnVScroll(UINT code, UINT position, CWnd* bar) override;
 
  private:
-  class Committing;
+  // While one lives nothing is committed: the derived class is at work, or is about to go.
+  class Committing {
+   public:
+    explicit Committing(CTableWnd& table) : table_(table) { ++table_.m_nCommitting; }
+    ~Committing() { --table_.m_nCommitting; }
+    Committing(const Committing&) = delete;
+    Committing& operator=(const Committing&) = delete;
+
+   private:
+    CTableWnd& table_;
+  };
 
   TableLayout layout() const;
   bool has_window() const { return m_hWnd != nullptr; }
@@ -350,6 +359,11 @@ class CTableWnd : public CWnd {
   void make_current(int hang, int lie);
   bool still_enterable(int hang, int lie);
   void keep_row(int hang, int shift);
+  void invalidate_from(int hang);
+  CRect editor_rect(int hang, int lie);
+  CRect combo_rect(int hang, int lie);
+  bool set_combo_text(CComboBox& combo, int hang, int lie);
+  void show_tip(const CString& text, const CString& choices, UINT bitmap, CPoint place, bool above);
   void move_to(int hang, int lie);
   void travel(Travel way, int hang, int lie, int& newHang, int& newLie);
   void go(void (CTableWnd::*find)(int, int, int&, int&));
@@ -370,6 +384,8 @@ class CTableWnd : public CWnd {
   void draw_selection_mark(CDC* dc, const CRect& rect);
   void draw_small_button(CDC* dc, const CRect& rect, bool hot);
   void draw_row_lines(CDC* dc, const CRect& client);
+  void draw_lines(CDC* dc, const CRect& rect, int hang, int font_height, CPoint at,
+                  const CString& text);
 
   int m_nCommitting = 0;    // what stands in the editors is being handed over, or mustn't be
   int m_bCheckTouched = 0;  // a click reached a check

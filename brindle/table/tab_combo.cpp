@@ -1,0 +1,160 @@
+#include "brindle/table/tab_combo.h"
+
+#include "brindle/platform/graphics/raster_bitmap.h"
+#include "brindle/platform/graphics/system_metrics.h"
+#include "brindle/platform/window/message_loop.h"
+#include "brindle/table/table_bitmaps.h"
+#include "brindle/table/table_messages.h"
+
+namespace brindle {
+
+namespace {
+
+bool is_down(UINT key) {
+  return GetKeyState(static_cast<int>(key)) < 0;
+}
+
+}  // namespace
+
+bool CTabCombo::has_edit_field() const {
+  return (GetStyle() & CBS_DROPDOWNLIST) != CBS_DROPDOWNLIST;
+}
+
+void CTabCombo::tell_grid(UINT message, WPARAM wParam) {
+  if (CWnd* const grid = GetParent()) grid->SendMessage(message, wParam);
+}
+
+bool CTabCombo::key_down(UINT key) {
+  const bool shift = is_down(VK_SHIFT);
+  switch (key) {
+    case VK_UP:
+    case VK_DOWN:
+      if (!shift) return false;
+      tell_grid(key == VK_UP ? WM_TABLE_UP : WM_TABLE_DOWN);
+      return true;
+    case VK_LEFT:
+    case VK_RIGHT:
+      if (CEdit* const field = edit_control()) {  // inside its text the caret moves
+        int start, end;
+        field->GetSel(start, end);
+        const int length = field->GetWindowTextLength();
+        const bool all = start == 0 && end == length;
+        const bool leaves = key == VK_LEFT ? end == 0 : start == length;
+        if (shift || !(leaves || all)) return false;
+      }
+      tell_grid(key == VK_LEFT ? WM_TABLE_PREVIOUS_CELL : WM_TABLE_NEXT_CELL);
+      return true;
+    case VK_PRIOR:
+    case VK_NEXT:
+      tell_grid(WM_VSCROLL, key == VK_PRIOR ? SB_PAGEUP : SB_PAGEDOWN);
+      return true;
+    case VK_ESCAPE:
+      tell_grid(WM_TABLE_TYPED, key);
+      return false;
+    case VK_TAB:
+    case VK_RETURN:
+      // The row that the dropped list stands on is taken first.
+      if (GetDroppedState() && highlighted() != GetCurSel()) SetCurSel(highlighted());
+      tell_grid(key == VK_TAB && shift ? WM_TABLE_PREVIOUS_CELL : WM_TABLE_NEXT_CELL);
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Keys reach the box here also when its edit field has the focus.
+BOOL CTabCombo::PreTranslateMessage(MSG* message) {
+  if (message->message == WM_KEYDOWN && key_down(static_cast<UINT>(message->wParam))) return TRUE;
+  const bool leaving_char = message->wParam == L'\t' || message->wParam == L'\r';
+  if (message->message == WM_CHAR && leaving_char) return TRUE;
+  return CComboBox::PreTranslateMessage(message);
+}
+
+void CTabCombo::OnKeyDown(UINT key, UINT repeat, UINT flags) {
+  if (!key_down(key)) CComboBox::OnKeyDown(key, repeat, flags);
+}
+
+void CTabCombo::OnKillFocus(CWnd* new_window) {
+  CComboBox::OnKillFocus(new_window);
+  const bool inside = new_window != nullptr && IsChild(new_window);
+  if (!has_edit_field() && !inside && !GetDroppedState()) tell_grid(WM_TABLE_COMBO_LOST_FOCUS);
+}
+
+void CTabCombo::OnLButtonDblClk(UINT flags, CPoint point) {
+  CComboBox::OnLButtonDblClk(flags, point);
+  tell_grid(WM_TABLE_COMBO_DOUBLE_CLICK);
+}
+
+UINT CTabCombo::OnGetDlgCode() {
+  return CComboBox::OnGetDlgCode() | DLGC_WANTTAB | DLGC_WANTARROWS | DLGC_WANTALLKEYS;
+}
+
+BOOL CTabCombo::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+  const BOOL done = CComboBox::OnChildNotify(message, wParam, lParam, result);
+  if (message != WM_COMMAND) return done;
+  switch (HIWORD(wParam)) {
+    case CBN_SELCHANGE:
+      tell_grid(WM_TABLE_COMBO_SELECTED);
+      break;
+    case CBN_CLOSEUP:
+      tell_grid(WM_TABLE_COMBO_CLOSED);
+      break;
+    case CBN_SELENDOK:
+      if (has_edit_field()) {
+        CString text;
+        if (GetCurSel() >= 0) {
+          GetLBText(GetCurSel(), text);
+          SetWindowText(text);
+        }
+        tell_grid(WM_TABLE_COMBO_LOST_FOCUS);
+      }
+      break;
+    case CBN_KILLFOCUS:
+      if (has_edit_field()) tell_grid(WM_TABLE_COMBO_LOST_FOCUS);
+      break;
+    default:
+      break;
+  }
+  return done;
+}
+
+int CTabBmpCombo::AddBitmapItem(UINT id) {
+  const int index = AddString(L"");
+  SetItemData(index, id);
+  if (const auto picture = find_table_bitmap(id)) {
+    SetItemHeight(index, static_cast<UINT>(picture->height()));
+  }
+  return index;
+}
+
+void CTabBmpCombo::MeasureItem(LPMEASUREITEMSTRUCT item) {
+  const auto picture = find_table_bitmap(static_cast<UINT>(item->itemData));
+  if (picture == nullptr) return;
+  item->itemWidth = static_cast<UINT>(picture->width());
+  item->itemHeight = static_cast<UINT>(picture->height());
+}
+
+void CTabBmpCombo::DrawItem(LPDRAWITEMSTRUCT item) {
+  CDC dc;
+  dc.Attach(item->hDC);
+  CRect rect = item->rcItem;
+  const bool selected = (item->itemState & ODS_SELECTED) != 0;
+  dc.FillSolidRect(&rect, GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  if (item->itemID != 0xFFFFFFFF) {
+    draw_table_bitmap(&dc, rect.left, rect.top, static_cast<UINT>(item->itemData));
+  }
+  dc.Detach();
+}
+
+int CTabBmpCombo::CompareItem(LPCOMPAREITEMSTRUCT) {
+  return 0;
+}
+
+BOOL CTabBmpCombo::OnEraseBkgnd(CDC* dc) {
+  CRect client;
+  GetClientRect(&client);
+  dc->FillSolidRect(&client, GetSysColor(COLOR_WINDOW));
+  return TRUE;
+}
+
+}  // namespace brindle
