@@ -149,14 +149,11 @@ CString CEasyTableWnd::GetComboText(int hang, int lie, int index) {
   return typed;
 }
 
-// A bitmap list selects by the variable, which is an index.
+// A bitmap list selects by the variable, which is an index; a text list by the text.
 int CEasyTableWnd::GetComboCurSel(int hang, int lie) {
   const CETCell* const cell = FindCell(hang, lie);
-  if (!cell || !cell->m_pControl) return -1;
-  if (cell->m_pControl->m_nKind == CETControl::kTextList) {
-    return cell->m_pControl->find_text(GetHangLieString(hang, lie));
-  }
-  if (!cell->m_pValue) return -1;
+  if (!cell || !cell->m_pControl || !cell->m_pValue) return -1;
+  if (cell->m_pControl->m_nKind == CETControl::kTextList) return -1;
   if (cell->m_nType == ETCK_INT) return *static_cast<const int*>(cell->m_pValue);
   return cell->m_nType == ETCK_SHORT ? *static_cast<const short*>(cell->m_pValue) : -1;
 }

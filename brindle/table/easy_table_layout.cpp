@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "brindle/platform/graphics/raster_bitmap.h"
 #include "brindle/table/easy_table_wnd.h"
 #include "brindle/table/table_bitmaps.h"
 
@@ -89,7 +90,7 @@ void CEasyTableWnd::lay_out_columns() {
 
 int CEasyTableWnd::title_height() {
   if (m_nTitleBmp != 0) {
-    const auto bitmap = table_bitmap(m_nTitleBmp);
+    const auto bitmap = find_table_bitmap(m_nTitleBmp);
     return bitmap ? bitmap->height() : 1;
   }
   if (!m_bTextTitle) return 1;

@@ -1,6 +1,43 @@
 #include "brindle/table/et_cell_control.h"
 
+#include "brindle/table/tab_combo.h"
+#include "brindle/table/table_bitmaps.h"
+#include "brindle/table/table_wnd.h"
+
 namespace brindle {
+
+CETControl::CETControl() = default;
+
+CETControl::~CETControl() {
+  destroy_combo();
+}
+
+void CETControl::destroy_combo() {
+  delete m_pCombo;
+  m_pCombo = nullptr;
+  m_pParent = nullptr;
+}
+
+void CETControl::CreateCombo(CTableWnd* parent) {
+  const bool stands = m_pCombo && m_pCombo->GetSafeHwnd();
+  if (stands && m_pParent == parent) return;
+  destroy_combo();
+  if (!parent || !parent->GetSafeHwnd()) return;
+  constexpr DWORD kStyle = WS_CHILD | WS_VSCROLL | CBS_AUTOHSCROLL;
+  const RECT rect{0, 0, 40, 200};
+  if (m_nKind == kBitmapList) {
+    CTabBmpCombo* const combo = new CTabBmpCombo;
+    m_pCombo = combo;
+    combo->Create(kStyle | CBS_DROPDOWNLIST | CBS_OWNERDRAWVARIABLE, rect, parent, 0);
+    for (int bitmap : m_arBmp) combo->AddBitmapItem(static_cast<UINT>(bitmap));
+  } else {
+    m_pCombo = new CTabCombo;
+    m_pCombo->Create(kStyle | (m_bEditable ? CBS_DROPDOWN : CBS_DROPDOWNLIST), rect, parent, 0);
+    for (const CString& text : m_arText) m_pCombo->AddString(text);
+  }
+  m_pCombo->SetFont(&parent->m_hFont);
+  m_pParent = parent;
+}
 
 int CETControl::find_text(const CString& text) const {
   for (INT_PTR i = 0; i < m_arText.GetSize(); ++i) {

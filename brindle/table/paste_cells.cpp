@@ -74,16 +74,14 @@ bool PasteReader::ends_cell(std::size_t position) const {
          (c == L'\r' && position + 1 < text_.size() && text_[position + 1] == L'\n');
 }
 
+// Scans that fail don't add up: between a quote and the next odd run of quotes, where its scan
+// ends, all runs are even, and a cell that begins with one of those closes within the run.
 bool PasteReader::take_quoted(CString& cell) {
-  if (position_ >= unclosed_from_) return false;
   std::size_t at = position_ + 1;
   std::wstring content;
   for (;;) {
     const std::size_t quote = text_.find(L'"', at);
-    if (quote == std::wstring_view::npos) {
-      unclosed_from_ = position_;
-      return false;
-    }
+    if (quote == std::wstring_view::npos) return false;
     content.append(text_.substr(at, quote - at));
     at = quote + 1;
     if (at >= text_.size() || text_[at] != L'"') break;

@@ -27,7 +27,6 @@ class PasteReader {
 
   std::wstring_view text_;
   std::size_t position_ = 0;
-  std::size_t unclosed_from_ = std::wstring_view::npos;  // no quote closes from here on
 };
 
 // A text that begins as a number does, in the signs that parse_double reads: full-width digits,
