@@ -248,6 +248,11 @@ class CTableWnd : public CWnd {
   void OnTableBtnDel();
   void OnTableBtnPasteNew();
 
+  BOOL DestroyWindow() override;
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+  BOOL PreTranslateMessage(MSG* message) override;
+
   // --- Data.
   CWnd* m_pOwner = nullptr;  // gets the notifications
   int m_nHangCount = 0;
@@ -304,10 +309,6 @@ class CTableWnd : public CWnd {
   CString m_strText;  // a dump without a file
 
  protected:
-  BOOL DestroyWindow() override;
-  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
-  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
-  BOOL PreTranslateMessage(MSG* message) override;
   int OnCreate(LPCREATESTRUCT create) override;
   void OnDestroy() override;
   UINT OnGetDlgCode() override;
