@@ -27,6 +27,7 @@ bool same(const CStringArray& a, const CStringArray& b) {
 CEasyTableWnd::CEasyTableWnd() = default;
 
 CEasyTableWnd::~CEasyTableWnd() {
+  DestroyWindow();  // what stands in the editor may still reach its cell
   delete_all<CETCell>(m_arCell);
   delete_all<CETReact>(m_arReact);
   delete_all<CETControl>(m_arControl);

@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "brindle/table/easy_table_wnd.h"
+#include "brindle/table/marked_text.h"
 
 namespace brindle {
 
@@ -36,7 +37,12 @@ void CEasyTableWnd::DrawTextTitle(CDC* dc) {
     int y = (rect.top + rect.bottom - count * line_height) / 2 + 2;
     for (const CString& line : lines) {
       const int x = (rect.left + rect.right - dc->GetTextExtent(line).cx) / 2;
-      dc->ExtTextOut(std::max<int>(x, rect.left + 2), y, ETO_CLIPPED, &rect, line, nullptr);
+      const int left = std::max<int>(x, rect.left + 2);
+      if (IsTextEscape(0, lie)) {
+        Draw_Text_Ext(dc, left, y, line);
+      } else {
+        dc->ExtTextOut(left, y, ETO_CLIPPED, &rect, line, nullptr);
+      }
       y += line_height;
     }
   }

@@ -113,7 +113,8 @@ class CEasyTableWnd : public CTableWnd {
   // --- Windows.
   // Puts `table` in the place of the item `id` of `dialog`.
   static BOOL CreateEasyTable(CWnd* dialog, CTableWnd* table, DWORD id, int show);
-  // Runs this grid in a dialog; whether it ended with OK.
+  // Runs this grid in a dialog; whether it ended with OK. At -1 it stands in the middle of the
+  // screen; no flags are in use.
   BOOL DoInput(LPCTSTR title = nullptr, int x = -1, int y = -1, int flags = 0);
 
   // --- Cells.
