@@ -17,7 +17,8 @@ void route_mouse(CWnd& top, UINT message, UINT flags, CPoint at);
 void route_wheel(CWnd& top, int delta, UINT flags, CPoint at);
 void route_mouse_leave(CWnd& top);
 // A key (VK_*) goes down or up: to the focus, by way of PreTranslateMessage of it and its parents.
-void route_key(CWnd& top, UINT key, bool down, UINT repeat = 1);
+// True when one of these took it: no character follows then.
+bool route_key(CWnd& top, UINT key, bool down, UINT repeat = 1);
 // A character that was typed; one beyond 16 bits comes whole.
 void route_char(CWnd& top, wchar_t character);
 // Key down, the character when the key makes one, key up.

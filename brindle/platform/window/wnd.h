@@ -240,6 +240,9 @@ class CWnd : public CObject {
 LPCTSTR AfxRegisterWndClass(UINT class_style, HCURSOR cursor = nullptr, HBRUSH background = nullptr,
                             HICON icon = nullptr);
 
+// Takes the capture from the window that has it.
+BOOL ReleaseCapture();
+
 CWnd* AfxGetMainWnd();
 void AfxSetMainWnd(CWnd* window);
 
