@@ -2,6 +2,8 @@
 // environments, paper sizes under a scale, and the symbols of structural drawing.
 #pragma once
 
+#include <type_traits>
+
 #include "brindle/dxf/dxf.h"
 #include "brindle/platform/base/array.h"
 #include "brindle/platform/base/list.h"
@@ -9,6 +11,9 @@
 #include "brindle/sketch/pen/beam_bars.h"
 
 namespace brindle {
+
+template <class T>
+concept PenNumber = std::is_arithmetic_v<T>;  // what a coordinate may be given as
 
 // Coordinates are pen points: Convert_XY takes them into the drawing. Sizes of symbols are paper
 // millimetres times m_fBiLiChi (the scale, bi li chi), kept in the fields that SetBiLiChi fills.
@@ -176,6 +181,12 @@ class CBase_SGT : public DXF {
   void Draw_Dim_Points(float x1, float y1, float x2, float y2, const wchar_t* text, int side,
                        int mode);
   void Draw_Dim_Points(int n, const float* x, const float* y, int reverse, int side, int mode);
+  // For whole numbers: zeros among them would pass for arrays.
+  void Draw_Dim_Points(PenNumber auto x1, PenNumber auto y1, PenNumber auto x2, PenNumber auto y2,
+                       int side, int mode) {
+    Draw_Dim_Points(static_cast<float>(x1), static_cast<float>(y1), static_cast<float>(x2),
+                    static_cast<float>(y2), side, mode);
+  }
   // Where the text of a dimension goes. A text that doesn't fit, with no known m_nDimTextFlag,
   // leaves x and y unwritten.
   void Cal_Text_Position(int side, float length, float textWidth, float* x, float* y) const;

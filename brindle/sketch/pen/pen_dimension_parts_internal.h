@@ -1,6 +1,7 @@
 // What both kinds of dimensions, of loose lines and as entities, share.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 #include "brindle/geometry/helpers.h"
@@ -21,9 +22,10 @@ inline float line_angle_deg(float x1, float y1, float x2, float y2) {
   return static_cast<float>(get_line_angle(x1, y1, x2, y2) / kRadiansOfDegree);
 }
 
-// Prints a length with so many decimals into the pen's text of the last dimension, and gives it.
+// Prints a length with so many decimals, none below 0, into the pen's text of the last dimension,
+// and gives it.
 inline const wchar_t* print_dimension(CBase_SGT& pen, int decimals, float length) {
-  brindle::swprintf(pen.m_szDimFormat, L"%%.%df", decimals);
+  brindle::swprintf(pen.m_szDimFormat, L"%%.%df", std::max(decimals, 0));
   brindle::swprintf(pen.m_szDimText, pen.m_szDimFormat, length);
   return pen.m_szDimText;
 }

@@ -46,6 +46,10 @@ TEST(PenDimensions, LooseLinesLieRightOfTheTravel) {
             "open 10.707,-0.707w0.65:0.65 9.293,0.707w0.65:0.65; "
             "open 10.707,49.293w0.65:0.65 9.293,50.707w0.65:0.65; ''13,25h2.5@90");
 
+  // Whole numbers aren't taken for arrays.
+  pen.Draw_Dim_Points(0, 0, 0, 50, 1, 0);
+  EXPECT_NE(drawn(pen).find("; 10,0-10,50; "), std::string::npos);
+
   // The shortest one, which alone leaves the colour of annotation.
   pen.SetCurColor(7);
   pen.Draw_Dim_Polar(0, 0, 0.00009f, 0, 1, 1);
@@ -62,6 +66,9 @@ TEST(PenDimensions, LooseLinesLieRightOfTheTravel) {
     EXPECT_NE(pair.find(reverse != 0 ? "; -7,16--7,4; " : "; 13,4-13,16; "), std::string::npos);
   }
   EXPECT_STREQ(pen.m_szDimText, L"12.00");
+  pen.m_nDimDec = -1;
+  pen.Draw_Dim_Polar(0, 0, 12.3f, 0, 1, 0);
+  EXPECT_STREQ(pen.m_szDimText, L"12");
 
   pen.m_fOrgX = 10;
   pen.m_fScaleXY = pen.m_fRotate = 3;
