@@ -74,9 +74,12 @@ int CEasyTableWnd::DealReact(const CETReact* react, CETCell* cell) {
       InvalidateCell(a, b);
       return 1;
     case ETCR_UPDATE_TABLE: {
+      // Off even when ReSetCellData is where the tool asks for sorting.
       const int sorts = m_bSort;
       m_bSort = 0;
+      ++sorting_off_;
       UpdateTable();
+      --sorting_off_;
       m_bSort = sorts;
       return 2;
     }

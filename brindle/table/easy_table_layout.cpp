@@ -113,7 +113,7 @@ void CEasyTableWnd::InitialAllData() {
   lay_out_columns();
   m_nTitleHeight = title_height();
   m_nHangCount = m_nEasyHang;
-  if (m_bSort) SortCell(m_nSortLie);
+  if (m_bSort && sorting_off_ == 0) SortCell(m_nSortLie);
   note_rows_with_rules();
 }
 

@@ -223,6 +223,7 @@ class CEasyTableWnd : public CTableWnd {
   INT_PTR indexed_cells_ = -1;  // cells that the index knows; -1: none
   std::vector<bool> rows_with_rules_;
   unsigned rules_noted_ = 0;         // CETCell::reactions_added at that time
+  int sorting_off_ = 0;              // rebuilds under way that leave the rows as they are
   unsigned builds_ = 0;              // counts rebuilds, for loops that may be cut short
   CArray<int, int> tool_positions_;  // column edges in the tool's order
   // Lists of a cleared table. Their windows may be in the midst of a message, so they go later,
