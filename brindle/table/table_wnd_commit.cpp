@@ -136,10 +136,8 @@ void CTableWnd::refresh_editor() {
   }
   m_strEditOld = GetHangLieString(m_nEditHang, m_nEditLie);
   if (combo != nullptr) {
-    // Exactly: a list may hold "C3" and "C30".
-    const int found = combo->FindStringExact(-1, m_strEditOld);
-    combo->SetCurSel(found);
-    if (found < 0) combo->SetWindowText(m_strEditOld);
+    combo->MoveWindow(combo_rect(m_nEditHang, m_nEditLie));
+    set_combo_text(*combo, m_nEditHang, m_nEditLie);
   } else {
     CString now;
     m_Edit.GetWindowText(now);
