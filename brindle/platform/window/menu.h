@@ -73,13 +73,11 @@ class CMenu : public CObject {
   virtual BOOL TrackPopupMenu(UINT flags, int x, int y, CWnd* window, LPCRECT rect = nullptr);
 
  private:
-  friend struct MenuAccess;
   Item* find(UINT id, UINT flags, CMenu** holder = nullptr);
   const Item* find(UINT id, UINT flags) const;
   BOOL made();
 
   std::vector<Item> items_;
-  std::shared_ptr<CMenu> attached_;
 };
 
 // Makes a menu known by a number: `build` fills it each time that it is loaded.
