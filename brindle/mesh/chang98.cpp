@@ -101,6 +101,8 @@ int CChang98::Draw_CaiSeTu(CDC* dc, CRect* rc, CFCoor* coor, int legend, float /
 
 void CChang98::DrawBar(CDC* dc, float scale, float min, float max, int x, int y) {
   if (dc == nullptr) return;
+  x = legend_pixel(x);
+  y = legend_pixel(y);
   LegendPainter painter(*dc, *this, scale, x, y);
   if (m_bLegendBar != 0) {
     for (int i = 0; i < kBarHeight; ++i)

@@ -25,8 +25,9 @@ constexpr FontFile kFontFiles[] = {{L"simsun.ttf", L"宋体"},
 std::atomic<const FontFile*> font_file{kFontFiles};
 
 constexpr int kStrips = 32;
-constexpr int kRowGap = 10;       // pixels between the rows of mode ranges
-constexpr float kZero = 0.0005f;  // what "%.3f" shows as zero, with a sign or without
+constexpr int kMostTicks = 10000;  // far more than there are pixels between them
+constexpr int kRowGap = 10;        // pixels between the rows of mode ranges
+constexpr float kZero = 0.0005f;   // what "%.3f" shows as zero, with a sign or without
 
 CString number_text(const wchar_t* format, float v) {
   return CString(wformat(format, std::fabs(v) < kZero ? 0.0f : v).c_str());
@@ -48,7 +49,7 @@ class BarLegend {
     painter_.frame(top_, kStrips * height);
   }
   void ticks(const wchar_t* format) {
-    const int steps = field_.m_nLegendTicks + 1;
+    const int steps = std::min(field_.m_nLegendTicks, kMostTicks) + 1;
     const double height = kStrips * painter_.row_height();
     for (int i = 0; i < steps; ++i) {
       const int y = top_ + static_cast<int>(std::lround(height * i / steps));
@@ -82,7 +83,7 @@ void draw_mode_rows(LegendPainter& painter, const CChang& field, float min, floa
     painter.frame(y, height);
     painter.text(painter.first_column(), y + height / 2,
                  CString(wformat(L"%.1f～%.1f", low, high).c_str()));
-    y += height + kRowGap;
+    y = legend_pixel(y + height + kRowGap);
   }
 }
 
@@ -101,6 +102,7 @@ const wchar_t* GetLegendFontFace() {
 
 void CChang::DrawTuLi(CDC* dc, float scale, float min, float max, int x, int y) {
   if (dc == nullptr) return;
+  y = legend_pixel(y);
   LegendPainter painter(*dc, *this, scale, x, y);
   if (m_bUseModeRange != 0) {
     draw_mode_rows(painter, *this, min, max, y);
@@ -118,6 +120,7 @@ void CChang::DrawTuLi(CDC* dc, float scale, float min, float max, int x, int y) 
 
 void CChang::DrawTuLiUsingRange(CDC* dc, float scale, float min, float max, int x, int y) {
   if (dc == nullptr) return;
+  y = legend_pixel(y);
   LegendPainter painter(*dc, *this, scale, x, y);
   BarLegend bar(painter, *this, min, max, y);
   bar.strips([&](float from, float to) -> COLORREF {

@@ -16,6 +16,12 @@ namespace {
 constexpr float kFontFactor = 4.0f / 3;  // pixels of a 96 dpi screen to a point
 constexpr float kStrokeWidthFactor = 0.75f;
 
+// Pixels of a scaled size, `least` at least.
+int pixels_of(float size, int least) {
+  constexpr int kLargest = 1 << 15;
+  return std::clamp(truncate_to_int(size), least, kLargest);
+}
+
 int brightness(COLORREF color) {
   return (GetRValue(color) * 3 + GetGValue(color) * 6 + GetBValue(color)) / 10;
 }
@@ -34,14 +40,13 @@ COLORREF readable_on(const CDC& dc, int x, int y, COLORREF wanted) {
 
 LegendPainter::LegendPainter(CDC& dc, const CChang& field, float scale, int x, int y)
     : dc_(dc),
-      x_(x),
+      x_(legend_pixel(x)),
       scale_(scale),
       saved_(dc.SaveDC()),
-      row_height_(
-          std::max(1, truncate_to_int(static_cast<float>(field.m_nLegendRowHeight) * scale))),
-      bar_width_(std::max(1, truncate_to_int(20 * scale))),
-      font_height_(std::max(
-          1, truncate_to_int(static_cast<float>(field.m_nLegendFontSize) * scale * kFontFactor))) {
+      row_height_(pixels_of(static_cast<float>(field.m_nLegendRowHeight) * scale, 1)),
+      bar_width_(pixels_of(20 * scale, 1)),
+      font_height_(
+          pixels_of(static_cast<float>(field.m_nLegendFontSize) * scale * kFontFactor, 1)) {
   const COLORREF wanted = static_cast<COLORREF>(field.m_nLegendTextColor) & 0xffffff;
   text_color_ = readable_on(dc, first_column(), y, wanted);
   strokes_ = dc.device() != nullptr && dc.device()->kind() == PaintDevice::Kind::kRaster &&
@@ -83,11 +88,11 @@ void LegendPainter::frame(int top, int height) {
 
 void LegendPainter::tick(int y) {
   dc_.MoveTo(x_ + bar_width_, y);
-  dc_.LineTo(x_ + bar_width_ + std::max(1, truncate_to_int(4 * scale_)), y);
+  dc_.LineTo(x_ + bar_width_ + pixels_of(4 * scale_, 1), y);
 }
 
 int LegendPainter::first_column() const {
-  return x_ + bar_width_ + truncate_to_int(8 * scale_);
+  return x_ + bar_width_ + pixels_of(8 * scale_, 0);
 }
 
 CSize LegendPainter::extent(const CString& words) const {

@@ -1,10 +1,18 @@
 // Paints the parts of a legend: strips and boxes of one colour, texts beside them.
 #pragma once
 
+#include <algorithm>
+
 #include "brindle/mesh/chang.h"
 #include "brindle/platform/graphics/dc.h"
 
 namespace brindle {
+
+// A place on the device as far out as a legend is painted: sums with sizes stay in an int.
+inline int legend_pixel(int place) {
+  constexpr int kFar = 1 << 24;
+  return std::clamp(place, -kFar, kFar);
+}
 
 // Changes the context's state for its own life only.
 class LegendPainter {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <random>
 #include <string>
@@ -264,6 +265,12 @@ TEST(Legend, TextsAndColorsOfEachForm) {
   EXPECT_EQ(rows.fills, (std::vector<COLORREF>{RGB(0, 0, 255), 0x123456}));
   EXPECT_EQ(rows.corner, CPoint(30, 40));
   EXPECT_EQ(CChang().Draw_TuLi(&dc, &ramp.area, &ramp.coor), 0);
+
+  // Places and sizes beyond all devices.
+  constexpr int kMost = std::numeric_limits<int>::max();
+  field.m_nLegendRowHeight = field.m_nLegendTicks = kMost;
+  field.DrawTuLi(&dc, 1e9f, 0, 1, kMost, -kMost);
+  EXPECT_EQ(Drawn(device).texts.size(), 2u);
 }
 
 TEST(Chang98, ColorsOfNodes) {
