@@ -56,6 +56,8 @@ CWnd* next_tab_control(CWnd& dialog, const CWnd* from, bool backwards) {
 CDialog::CDialog(UINT, CWnd* parent) : m_pParentWnd(parent) {}
 CDialog::CDialog(LPCTSTR, CWnd* parent) : m_pParentWnd(parent) {}
 
+CDialog::CDialog() = default;
+
 CDialog::~CDialog() {
   DestroyWindow();
 }

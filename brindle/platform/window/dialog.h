@@ -16,7 +16,7 @@ struct DialogTemplate;
 // template asks for belong to the dialog.
 class CDialog : public CWnd {
  public:
-  CDialog() = default;
+  CDialog();
   explicit CDialog(UINT template_id, CWnd* parent = nullptr);
   explicit CDialog(LPCTSTR template_name, CWnd* parent = nullptr);
   ~CDialog() override;
