@@ -117,6 +117,14 @@ void CEasyTableWnd::InitialAllData() {
   note_rows_with_rules();
 }
 
+// The cells were made before the window.
+int CEasyTableWnd::OnCreate(LPCREATESTRUCT create) {
+  const int result = CTableWnd::OnCreate(create);
+  if (result == -1) return result;
+  for (void* control : m_arControl) static_cast<CETControl*>(control)->CreateCombo(this);
+  return result;
+}
+
 LRESULT CEasyTableWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message != kDiscardRetired) return CTableWnd::WindowProc(message, wParam, lParam);
   retired_.clear();

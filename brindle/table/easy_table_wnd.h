@@ -196,6 +196,7 @@ class CEasyTableWnd : public CTableWnd {
   CArray<int, int> m_arLieXu;
 
  protected:
+  int OnCreate(LPCREATESTRUCT create) override;
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:

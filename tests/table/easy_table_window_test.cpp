@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "brindle/platform/window/combo_box.h"
+#include "brindle/platform/window/message_loop.h"
+#include "brindle/platform/window/window_input.h"
+#include "brindle/table/dlg_tab_input.h"
+#include "brindle/table/easy_table_wnd.h"
+#include "brindle/table/table_messages.h"
+#include "tests/support/recorded_messages.h"
+
+namespace brindle {
+namespace {
+
+class Owner : public CDialog {
+ public:
+  Owner() {
+    set_frame(L"owner", 300, 200);
+    Create(0u);
+    ShowWindow(SW_SHOW);
+  }
+  ~Owner() override { DestroyWindow(); }
+};
+
+class Grid : public CEasyTableWnd {
+ public:
+  ~Grid() override { DestroyWindow(); }
+  void ReSetCellData() override {
+    ClearEasyTable();
+    const int edges[] = {0, 30, 90, 150, 210, -1};
+    const CString titles[] = {L"row", L"kind", L"size", L"note"};
+    IniEasyTable(3, 0, edges, titles);
+    // The sizes offered follow the kind, so a change of the kind makes another list.
+    CString kinds[] = {L"thin", L"thick"};
+    CString thin[] = {L"1", L"2"}, thick[] = {L"100", L"200", L"300"};
+    for (int hang = 1; hang <= 3; ++hang) {
+      AddText(hang, 1, L"%d", hang);
+      AddInt(hang, 2, &kind[hang - 1], 0, kinds)->AddReact(ETCR_UPDATE_TABLE);
+      AddCString(hang, 3, &size[hang - 1], 0, kind[hang - 1] ? TextList(thick) : TextList(thin), 1)
+          ->AddReact(ETCR_UPDATE_TABLE);
+      AddCString(hang, 4, &note[hang - 1])->AddReact(ETCR_MESSAGE, WM_APP + 1, hang, 7);
+    }
+  }
+  CComboBox* box() { return GetComboPtr(m_nEditHang, m_nEditLie); }
+
+  int kind[3] = {};
+  CString size[3] = {L"1", L"1", L"1"}, note[3];
+  bool says_ok = false;
+
+ protected:
+  int OnCreate(LPCREATESTRUCT create) override {
+    if (says_ok) GetParent()->PostMessage(WM_COMMAND, IDOK);
+    return CEasyTableWnd::OnCreate(create);
+  }
+};
+
+void type(CWnd& top, const wchar_t* text) {
+  for (; *text; ++text) route_char(top, *text);
+}
+
+// The box that the key is pressed in goes with the table's rebuilding.
+TEST(EasyTableWindow, ChoosingRebuildsTheTableUnderTheBox) {
+  Owner owner;
+  Grid grid;
+  ASSERT_TRUE(grid.Create(CRect(0, 0, 250, 150), &owner, 5));
+  grid.ShowWindow(SW_SHOW);
+  EXPECT_EQ(grid.m_arControl.GetSize(), 2);
+  grid.MoveCombo(1, 2);
+  ASSERT_NE(grid.box(), nullptr);
+  route_key_press(owner, VK_DOWN);
+  EXPECT_EQ(grid.box()->GetCurSel(), 1);
+  route_key_press(owner, VK_TAB);
+  EXPECT_EQ(grid.kind[0], 1);
+  EXPECT_EQ(grid.m_arControl.GetSize(), 3);
+  ASSERT_EQ(grid.m_nEditLie, 3);
+  ASSERT_NE(grid.box(), nullptr);
+  EXPECT_EQ(grid.box()->GetCount(), 3);
+  // Typed in the edit field, not in the list.
+  type(owner, L"77");
+  route_key_press(owner, VK_TAB);
+  EXPECT_EQ(grid.size[0], L"77");
+  dispatch_posted_messages();
+  EXPECT_EQ(grid.GetHangLieString(1, 3), L"77");
+  EXPECT_EQ(grid.kind[0], 1);
+}
+
+TEST(EasyTableWindow, TypingReachesTheVariableAndTheOwner) {
+  Owner owner;
+  int told = 0;
+  owner.on_message(WM_APP + 1, [&](WPARAM wParam, LPARAM lParam) {
+    return told = static_cast<int>(wParam * 10 + lParam);
+  });
+  Grid grid;
+  ASSERT_TRUE(grid.Create(CRect(0, 0, 250, 150), &owner, 5));
+  grid.ShowWindow(SW_SHOW);
+  grid.MoveEdit(2, 4);
+  type(owner, L"fine");
+  route_key_press(owner, VK_TAB);
+  EXPECT_EQ(grid.note[1], L"fine");
+  EXPECT_EQ(told, 27);
+  // A paste shows in the editor and isn't undone by leaving it.
+  RecordedMessages user;
+  user.set_clipboard_text(L"pasted");
+  grid.MoveEdit(2, 4);
+  grid.SendMessage(WM_COMMAND, ID_TABLE_PASTE_CELLS);
+  grid.MoveEdit(3, 4);
+  EXPECT_EQ(grid.note[1], L"pasted");
+}
+
+TEST(EasyTableWindow, RunsAsADialog) {
+  Grid grid;
+  EXPECT_FALSE(grid.DoInput(L"sizes"));  // nobody to say OK
+  grid.says_ok = true;
+  EXPECT_TRUE(grid.DoInput());
+  EXPECT_FALSE(grid.GetSafeHwnd());
+  RecordedMessages told;
+  EXPECT_EQ(CDlgTabInput().DoModal(), IDCANCEL);
+  ASSERT_EQ(told.messages.size(), 1u);
+  EXPECT_EQ(told.messages[0].text, L"请指定对应的表格!");
+}
+
+TEST(EasyTableWindow, TakesThePlaceOfAControl) {
+  Owner owner;
+  CWnd place;
+  place.Create(nullptr, L"", WS_CHILD | WS_VISIBLE, CRect(10, 20, 200, 90), &owner, 42);
+  Grid grid;
+  EXPECT_FALSE(CEasyTableWnd::CreateEasyTable(&owner, &grid, 43, SW_SHOW));
+  ASSERT_TRUE(CEasyTableWnd::CreateEasyTable(&owner, &grid, 42, SW_SHOW));
+  EXPECT_EQ(owner.GetDlgItem(42), &grid);
+  CRect rect;
+  grid.GetWindowRect(&rect);
+  owner.ScreenToClient(&rect);
+  EXPECT_EQ(rect.TopLeft(), CPoint(10, 20));
+  EXPECT_TRUE(grid.IsWindowVisible());
+}
+
+}  // namespace
+}  // namespace brindle
