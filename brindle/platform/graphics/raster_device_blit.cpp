@@ -135,9 +135,17 @@ void for_each_source_pixel(RasterBitmap& target, const PaintState& state, const 
 void RasterDevice::pattern_blt(const PaintState& state, const CRect& given, DWORD rop) {
   const RasterClip clip(*target_, state.clip);
   const TernaryOp op(rop);
-  const RasterBrush brush(*target_, state, state.brush, R2_COPYPEN);
+  RasterBrush brush(*target_, state, state.brush, R2_COPYPEN);
   if (op.uses_pattern() && !brush.paints()) return;
+  const bool plain = rop == PATCOPY && brush.is_solid();
   clip.boxes(ordered(given), [&](const CRect& box) {
+    if (plain && box.top < box.bottom) {  // the first row, and copies of it: much the fastest
+      brush.span(box.top, box.left, box.right);
+      const std::uint32_t* const first = target_->row(box.top);
+      for (int y = box.top + 1; y < box.bottom; ++y)
+        std::copy(first + box.left, first + box.right, target_->row(y) + box.left);
+      return;
+    }
     for (int y = box.top; y < box.bottom; ++y) {
       std::uint32_t* row = target_->row(y);
       for (int x = box.left; x < box.right; ++x) {
