@@ -186,7 +186,9 @@ void CBase_SGT::Draw_TuMianXian(float x1, float y1, float x2, float y2, float sp
   const LineFrame line(x1, y1, x2, y2);
   const float strokes = line.length / spacing;
   constexpr float kMost = 1e9f;  // what an int holds safely
-  const int n = strokes > 0 ? static_cast<int>(std::min(strokes, kMost)) : 0;
+  // A line without an end gets none.
+  const bool drawn = strokes > 0 && std::isfinite(strokes);
+  const int n = drawn ? static_cast<int>(std::min(strokes, kMost)) : 0;
   for (int i = 0; i < n; ++i) {
     float xa = static_cast<float>(i) * spacing, ya = -spacing;
     float xb = static_cast<float>(i + 1) * spacing, yb = 0;

@@ -191,6 +191,9 @@ TEST(PenPrimitives, GroundLinesAndArcArrows) {
   pen.Draw_TuMianXian(0, 0, 0.01f, 0, 0, 0);
   EXPECT_NEAR(static_cast<double>(pen.m_Entities.GetCount()), 101, 1);
   pen.ClearAllEntity();
+  pen.Draw_TuMianXian(0, 0, HUGE_VALF, 0, 1, 0);
+  EXPECT_EQ(pen.m_Entities.GetCount(), 1);
+  pen.ClearAllEntity();
   pen.m_fArrowLen = 2, pen.m_fArrowHalf = 0;
   for (int flag : {1, 0}) pen.DrawArcArrow(0, 0, 10, 10, 80, flag);
   EXPECT_EQ(drawn(pen),
