@@ -361,4 +361,8 @@ bool CTableWnd::row_needs_asking(int) {
   return false;
 }
 
+int CTableWnd::covered_width(int) {
+  return 0;
+}
+
 }  // namespace brindle

@@ -221,6 +221,9 @@ class CTableWnd : public CWnd {
   // Whether a row out of sight has to be asked for its texts at each repaint all the same, because
   // asking has effects on others.
   virtual bool row_needs_asking(int hang);
+  // Pixels at the window's left under which column `lie` is hidden now by columns that don't
+  // scroll.
+  virtual int covered_width(int lie);
 
   // --- Messages from the editors and cell buttons (numbers in table_messages.h).
   LRESULT OnEditLostFocus(WPARAM wParam, LPARAM lParam);

@@ -49,9 +49,9 @@ CRect CTableWnd::editor_rect(int hang, int lie) {
   CRect rect, client;
   GetHangLieRect(hang, lie, rect);
   GetClientRect(&client);
-  rect.left += 1;
+  rect.left = std::max(rect.left + 1, LONG{covered_width(lie)});
   rect.top = std::max(rect.top + 1, client.top);
-  rect.right = std::min(rect.right - 1, client.right);
+  rect.right = std::max(std::min(rect.right - 1, client.right), rect.left);
   rect.bottom = std::min(rect.bottom - 1, client.bottom);
   return rect;
 }
@@ -61,9 +61,9 @@ CRect CTableWnd::combo_rect(int hang, int lie) {
   CRect rect, client;
   GetHangLieRect(hang, lie, rect);
   GetClientRect(&client);
-  rect.left += 1;
+  rect.left = std::max(rect.left + 1, LONG{covered_width(lie)});
   rect.top = std::max(rect.top + 2, client.top);
-  rect.right = std::min(rect.right - 2, client.right);
+  rect.right = std::max(std::min(rect.right - 2, client.right), rect.left);
   rect.bottom = std::min(rect.bottom, client.bottom) + GetComboHeight(hang, lie);
   return rect;
 }

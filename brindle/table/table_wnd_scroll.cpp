@@ -122,7 +122,8 @@ void CTableWnd::bring_into_view(int hang, int lie) {
   const int client = m_rcTable.right - m_rcTable.left;
   int units = 0;
   if (cell.right > client) units = (cell.right - client + unit - 1) / unit;
-  if (cell.left - units * unit < 0) units = -((-cell.left + unit - 1) / unit);
+  const int first = covered_width(lie);
+  if (cell.left - units * unit < first) units = -((first - cell.left + unit - 1) / unit);
   if (m_bHScroll && units != 0) {
     commit_pending();
     hide_editors();
