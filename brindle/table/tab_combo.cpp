@@ -89,25 +89,37 @@ UINT CTabCombo::OnGetDlgCode() {
   return CComboBox::OnGetDlgCode() | DLGC_WANTTAB | DLGC_WANTARROWS | DLGC_WANTALLKEYS;
 }
 
+void CTabCombo::OnSelchange() {
+  tell_grid(WM_TABLE_COMBO_SELECTED);
+}
+
+void CTabCombo::OnCloseup() {
+  tell_grid(WM_TABLE_COMBO_CLOSED);
+  if (GetSafeHwnd() && (GetStyle() & WS_VISIBLE) != 0) ShowWindow(SW_HIDE);
+}
+
+void CTabCombo::OnSelendok() {
+  if (!has_edit_field()) return;
+  if (GetCurSel() >= 0) {
+    CString text;
+    GetLBText(GetCurSel(), text);
+    SetWindowText(text);
+  }
+  tell_grid(WM_TABLE_COMBO_LOST_FOCUS);
+}
+
 BOOL CTabCombo::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
   const BOOL done = CComboBox::OnChildNotify(message, wParam, lParam, result);
   if (message != WM_COMMAND) return done;
   switch (HIWORD(wParam)) {
     case CBN_SELCHANGE:
-      tell_grid(WM_TABLE_COMBO_SELECTED);
+      OnSelchange();
       break;
     case CBN_CLOSEUP:
-      tell_grid(WM_TABLE_COMBO_CLOSED);
+      OnCloseup();
       break;
     case CBN_SELENDOK:
-      if (has_edit_field()) {
-        CString text;
-        if (GetCurSel() >= 0) {
-          GetLBText(GetCurSel(), text);
-          SetWindowText(text);
-        }
-        tell_grid(WM_TABLE_COMBO_LOST_FOCUS);
-      }
+      OnSelendok();
       break;
     case CBN_KILLFOCUS:
       if (has_edit_field()) tell_grid(WM_TABLE_COMBO_LOST_FOCUS);

@@ -19,6 +19,13 @@ class CTabCombo : public CComboBox {
   void OnLButtonDblClk(UINT flags, CPoint point) override;
   UINT OnGetDlgCode() override;
 
+  // What the user did in the list: the grid is told of a new selection; a list that closed ends the
+  // editing, and the box hides; a row that was taken goes into the edit field, if there is one,
+  // which ends the editing too.
+  void OnSelchange();
+  void OnCloseup();
+  void OnSelendok();
+
  private:
   bool has_edit_field() const;
   // Whether the key went to the grid and needs nothing more.
