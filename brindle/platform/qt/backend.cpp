@@ -2,6 +2,7 @@
 
 #include "brindle/platform/qt/qt_glyph_renderer_internal.h"
 #include "brindle/platform/qt/qt_user_interface_internal.h"
+#include "brindle/platform/qt/qt_window_peer_internal.h"
 
 #include <QApplication>
 #include <QGuiApplication>
@@ -27,6 +28,16 @@ void install_glyph_renderer() {
   });
 }
 
+void install_window_backend() {
+  static QtWindowBackend& backend = *new QtWindowBackend;
+  backend.start();
+  if (&window_backend() == &backend) return;
+  set_window_backend(&backend);
+  qAddPostRoutine([] {
+    if (&window_backend() == &backend) set_window_backend(nullptr);
+  });
+}
+
 }  // namespace
 
 bool install_qt_backend() {
@@ -36,6 +47,7 @@ bool install_qt_backend() {
   // Never destroyed: static objects of a tool may still speak while the process ends.
   static QtUserInterface& instance = *new QtUserInterface;
   set_user_interface(&instance);
+  install_window_backend();
   return true;
 }
 

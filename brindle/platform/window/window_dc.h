@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "brindle/platform/graphics/dc.h"
 #include "brindle/platform/window/wnd.h"
@@ -24,6 +25,10 @@ class CClientDC : private WindowSurface, public CDC {
   ~CClientDC() override;
 
   HWND m_hWnd = nullptr;
+
+ protected:
+  // What can be drawn on, when that isn't all of the client area.
+  std::optional<CRect> part_;
 };
 
 // The same: a window's bitmap is its client area.

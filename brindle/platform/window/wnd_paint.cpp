@@ -175,8 +175,8 @@ CClientDC::~CClientDC() {
     const std::lock_guard lock(system.mutex);
     if (!system.live.contains(window)) return;
   }
-  const CRect area = whole_client(*window);
-  mark_changed(*window, &area);
+  const CRect area = part_ ? *part_ : whole_client(*window);
+  if (!area.IsRectEmpty()) mark_changed(*window, &area);
 }
 
 CPaintDC::CPaintDC(CWnd* window) : CClientDC(window) {
@@ -186,6 +186,7 @@ CPaintDC::CPaintDC(CWnd* window) : CClientDC(window) {
   const RegionData invalid = std::exchange(state.update, {});
   const bool erase = std::exchange(state.erase, false);
   m_ps.rcPaint = invalid.box();
+  part_ = invalid.box();
   CRgn clip;
   clip.CreateRectRgn(0, 0, 0, 0);
   clip.set_data(invalid);

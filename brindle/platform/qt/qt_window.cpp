@@ -1,0 +1,259 @@
+#include "brindle/platform/qt/qt_window_internal.h"
+
+#include "brindle/platform/qt/qt_keys_internal.h"
+#include "brindle/platform/qt/window_widget.h"
+#include "brindle/platform/window/edit.h"
+#include "brindle/platform/window/window_input.h"
+#include "brindle/platform/window/window_picture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <QCloseEvent>
+#include <QFocusEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPaintEvent>
+#include <QWheelEvent>
+
+namespace brindle {
+namespace {
+
+CPoint pixel_of(QPointF at) {
+  return CPoint(static_cast<int>(std::floor(at.x())), static_cast<int>(std::floor(at.y())));
+}
+
+CRect rect_of(const QRect& rect) {
+  return CRect(rect.left(), rect.top(), rect.left() + rect.width(), rect.top() + rect.height());
+}
+
+bool is_whole(qreal value) {
+  return value == std::floor(value);
+}
+
+}  // namespace
+
+QtWindow::QtWindow(CWnd& window, QWidget* owner, Qt::WindowFlags flags)
+    : QWidget(owner, flags), window_(&window) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setAttribute(Qt::WA_NoSystemBackground);
+  setAttribute(Qt::WA_InputMethodEnabled);
+  setMouseTracking(true);
+  setContextMenuPolicy(Qt::PreventContextMenu);
+  setFocusPolicy((flags & Qt::WindowDoesNotAcceptFocus) ? Qt::NoFocus : Qt::StrongFocus);
+}
+
+void QtWindow::part() {
+  window_ = nullptr;
+  if (QWidget::mouseGrabber() == this) releaseMouse();
+  if (events_ == 0) {
+    delete this;
+    return;
+  }
+  // The owner may be deleted before the event is over.
+  setParent(nullptr);
+  deleteLater();
+}
+
+QSize QtWindow::sizeHint() const {
+  if (window_ == nullptr) return {};
+  CRect rect;
+  window_->GetWindowRect(rect);
+  return {rect.Width(), rect.Height()};
+}
+
+bool QtWindow::event(QEvent* event) {
+  ++events_;
+  // A key that the program has as a shortcut is typed all the same.
+  if (event->type() == QEvent::ShortcutOverride && window_ != nullptr)
+    if (const auto& key = static_cast<QKeyEvent&>(*event);
+        !typed_characters(key).empty() && !(key.modifiers() & Qt::AltModifier))
+      event->accept();
+  const bool taken = QWidget::event(event);
+  --events_;
+  return taken;
+}
+
+void QtWindow::set_changed(const QRect& area) {
+  // What is painted just now is shown in a moment.
+  if (exposed_ != nullptr && (QRegion(area & rect()) - *exposed_).isEmpty()) return;
+  changed_ += area & rect();
+  update(area);
+}
+
+void QtWindow::show_changes() {
+  if (exposed_ == nullptr && !changed_.isEmpty() && isVisible()) repaint(changed_);
+}
+
+void QtWindow::paintEvent(QPaintEvent* event) {
+  if (window_ == nullptr || exposed_ != nullptr) return;
+  const QRegion exposed = event->region();
+  exposed_ = &exposed;
+  changed_ -= exposed;
+  update_windows(*window_);
+  exposed_ = nullptr;
+  if (window_ == nullptr) return;
+  CRect frame;
+  window_->GetWindowRect(frame);
+  QPainter painter(this);
+  if (picture_.width() != frame.Width() || picture_.height() != frame.Height())
+    picture_.create(frame.Width(), frame.Height());
+  if (picture_.empty()) return painter.fillRect(event->rect(), palette().window());
+  // A magnified pixel may reach over the edge of the part.
+  const bool magnified = !is_whole(devicePixelRatioF());
+  const int margin = magnified ? 1 : 0;
+  const QImage image(reinterpret_cast<const uchar*>(picture_.data()), picture_.width(),
+                     picture_.height(), QImage::Format_RGB32);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, magnified);
+  for (const QRect& part : exposed) {
+    const QRect area = part.adjusted(-margin, -margin, margin, margin) & image.rect();
+    draw_window(*window_, picture_, rect_of(area));
+    painter.drawImage(area.topLeft(), image, area);
+  }
+}
+
+// The place on the screen changes without an event when a widget around this one is moved.
+void QtWindow::tell_place() {
+  if (window_ == nullptr) return;
+  route_bounds(*window_, rect_of(QRect(mapToGlobal(QPoint()), size())));
+}
+
+void QtWindow::moveEvent(QMoveEvent*) {
+  tell_place();
+}
+
+void QtWindow::resizeEvent(QResizeEvent*) {
+  tell_place();
+}
+
+void QtWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (window_ != nullptr) route_close(*window_);
+}
+
+void QtWindow::focusInEvent(QFocusEvent*) {
+  if (window_ != nullptr) route_activate(*window_, true);
+}
+
+void QtWindow::focusOutEvent(QFocusEvent* event) {
+  // A menu of the window leaves it active.
+  if (window_ != nullptr && event->reason() != Qt::PopupFocusReason)
+    route_activate(*window_, false);
+}
+
+bool QtWindow::focusNextPrevChild(bool next) {
+  const CWnd* focus = CWnd::GetFocus();
+  if (isWindow() || window_ == nullptr || focus == nullptr) return false;
+  const LRESULT wanted = const_cast<CWnd*>(focus)->SendMessage(WM_GETDLGCODE);
+  return (wanted & (DLGC_WANTTAB | DLGC_WANTALLKEYS)) == 0 && QWidget::focusNextPrevChild(next);
+}
+
+void QtWindow::keyPressEvent(QKeyEvent* event) {
+  tell_place();
+  if (window_ == nullptr) return;
+  tell_modifiers(event->modifiers());
+  const UINT key = virtual_key(*event);
+  if (key != 0 && route_key(*window_, key, true)) return;
+  for (const wchar_t character : typed_characters(*event))
+    if (window_ != nullptr) route_char(*window_, character);
+}
+
+void QtWindow::keyReleaseEvent(QKeyEvent* event) {
+  if (window_ == nullptr || event->isAutoRepeat()) return;
+  tell_modifiers(event->modifiers());
+  if (const UINT key = virtual_key(*event); key != 0) route_key(*window_, key, false);
+}
+
+QRect QtWindow::caret_rect() const {
+  CWnd* focus = CWnd::GetFocus();
+  if (window_ == nullptr || focus == nullptr) return {};
+  CRect frame, inside;
+  window_->GetWindowRect(frame);
+  focus->GetClientRect(inside);
+  if (const auto* edit = dynamic_cast<const CEdit*>(focus))
+    inside = CRect(edit->PosFromChar(static_cast<UINT>(edit->GetCaretIndex())),
+                   CSize(1, std::min(inside.Height(), 20)));
+  focus->ClientToScreen(inside);
+  return QRect(inside.left - frame.left, inside.top - frame.top, inside.Width(), inside.Height());
+}
+
+QVariant QtWindow::inputMethodQuery(Qt::InputMethodQuery query) const {
+  if (query == Qt::ImEnabled) return window_ != nullptr;
+  if (query == Qt::ImCursorRectangle) return caret_rect();
+  return QWidget::inputMethodQuery(query);
+}
+
+void QtWindow::inputMethodEvent(QInputMethodEvent* event) {
+  for (const wchar_t character : event->commitString().toStdWString())
+    if (window_ != nullptr) route_char(*window_, character);
+  event->accept();
+  if (window_ == nullptr) return;
+  if (composition_ == nullptr) {
+    if (event->preeditString().isEmpty()) return;
+    composition_ = new QLabel(this);
+    composition_->setAutoFillBackground(true);
+    composition_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    composition_->setTextFormat(Qt::PlainText);
+  }
+  composition_->setText(event->preeditString());
+  composition_->adjustSize();
+  composition_->move(caret_rect().topLeft());
+  composition_->setVisible(!event->preeditString().isEmpty());
+}
+
+void QtWindow::tell_mouse(const QMouseEvent& event, UINT left, UINT right, UINT middle) {
+  const UINT message = event.button() == Qt::LeftButton     ? left
+                       : event.button() == Qt::RightButton  ? right
+                       : event.button() == Qt::MiddleButton ? middle
+                                                            : 0;
+  tell_place();
+  if (message == 0 || window_ == nullptr) return;
+  tell_modifiers(event.modifiers());
+  // What stands before this window and takes its input comes to the front instead.
+  CWnd* active = CWnd::GetActiveWindow();
+  if (left == WM_LBUTTONDOWN && !window_->IsWindowEnabled() && active != nullptr)
+    if (QWidget* before = window_widget(*active)) {
+      before->raise();
+      before->activateWindow();
+    }
+  route_mouse(*window_, message, mouse_flags(event.buttons(), event.modifiers()),
+              pixel_of(event.position()));
+}
+
+void QtWindow::mousePressEvent(QMouseEvent* event) {
+  tell_mouse(*event, WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN);
+}
+
+void QtWindow::mouseReleaseEvent(QMouseEvent* event) {
+  tell_mouse(*event, WM_LBUTTONUP, WM_RBUTTONUP, WM_MBUTTONUP);
+}
+
+void QtWindow::mouseDoubleClickEvent(QMouseEvent* event) {
+  tell_mouse(*event, WM_LBUTTONDBLCLK, WM_RBUTTONDBLCLK, WM_MBUTTONDBLCLK);
+}
+
+void QtWindow::mouseMoveEvent(QMouseEvent* event) {
+  if (window_ == nullptr) return;
+  tell_modifiers(event->modifiers());
+  route_mouse(*window_, WM_MOUSEMOVE, mouse_flags(event->buttons(), event->modifiers()),
+              pixel_of(event->position()));
+}
+
+void QtWindow::wheelEvent(QWheelEvent* event) {
+  const int delta = event->angleDelta().y();
+  if (window_ == nullptr || delta == 0) return event->ignore();
+  tell_place();
+  if (window_ == nullptr) return;
+  tell_modifiers(event->modifiers());
+  route_wheel(*window_, delta, mouse_flags(event->buttons(), event->modifiers()),
+              pixel_of(event->position()));
+  event->accept();
+}
+
+void QtWindow::leaveEvent(QEvent*) {
+  if (window_ != nullptr) route_mouse_leave(*window_);
+}
+
+}  // namespace brindle
