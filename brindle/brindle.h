@@ -199,7 +199,10 @@
 #include "brindle/mesh/triangulation.h"
 
 #include "brindle/table/dlg_tab_input.h"
+#include "brindle/table/easy_bmp_sel.h"
+#include "brindle/table/easy_input.h"
 #include "brindle/table/easy_table_arguments.h"
+#include "brindle/table/easy_table_fixed_lie.h"
 #include "brindle/table/easy_table_wnd.h"
 #include "brindle/table/et_cell.h"
 #include "brindle/table/et_cell_control.h"
