@@ -11,6 +11,15 @@
 namespace brindle {
 namespace {
 
+struct Cell : CETCell {
+  Cell(int kind, void* variable, const wchar_t* format = L"%d") {
+    m_nType = kind;
+    m_pValue = variable;
+    m_strFormat = format;
+    m_bCString = 1;
+  }
+};
+
 void give_list(CETCell& cell, CETControl& control, std::initializer_list<const wchar_t*> texts,
                std::initializer_list<const wchar_t*> values = {}, int editable = 0) {
   for (const wchar_t* text : texts) control.m_arText.Add(text);
@@ -49,19 +58,14 @@ TEST(Rules, ChooseAState) {
     float real = 0;
     double big = 0;
     CString text;
-    CETCell cell;
-    cell.m_nType = c.kind;
-    cell.m_bCString = 1;
     void* const variables[] = {&integer, &real, &text, nullptr, &integer, &big, &small};
-    cell.m_pValue = variables[c.kind];
+    Cell cell(c.kind, variables[c.kind]);
     cell.SetLimit(-1e308, 1e308);
     cell.DealChangeData(c.value);
     EXPECT_EQ(cell.GetResponseReact(CString(c.rule)), c.state);
   }
   float half = 0.5f;
-  CETCell scaled;
-  scaled.m_nType = ETCK_FLOAT;
-  scaled.m_pValue = &half;
+  Cell scaled(ETCK_FLOAT, &half);
   scaled.SetScale(1000);
   EXPECT_EQ(scaled.GetResponseReact(L"V,==,500,?,G,:,E"), 2);
 }
@@ -69,9 +73,7 @@ TEST(Rules, ChooseAState) {
 TEST(Rules, TellWhatIsIllFormedEachTime) {
   RecordedMessages told;
   int value = 1;
-  CETCell cell;
-  cell.m_nType = ETCK_INT;
-  cell.m_pValue = &value;
+  Cell cell(ETCK_INT, &value);
   for (const wchar_t* rule : {L"V==1", L"V==1", L"W,==,1,?,E,:,G", L""}) {
     EXPECT_EQ(cell.GetResponseReact(CString(rule)), -1);
   }
@@ -103,28 +105,21 @@ TEST(Cells, ParseClampAndScale) {
     short small = 99;
     double real = 99;
     int changed = 0;
-    CETCell cell;
-    cell.m_nType = ETCK_INT;
-    cell.m_pValue = &integer;
-    cell.m_strFormat = L"%d";
+    Cell cell(ETCK_INT, &integer);
     cell.SetModFlag(&changed);
     EXPECT_EQ(cell.GetDispString(), L"");
     EXPECT_EQ(cell.DealChangeData(c.typed), 1);
     EXPECT_EQ(changed, 1);
     EXPECT_EQ(cell.GetDispString(), CString(wformat(L"%d", integer)));
-    cell.m_nType = ETCK_SHORT;
-    cell.m_pValue = &small;
-    cell.DealChangeData(c.typed);
-    cell.m_nType = ETCK_DOUBLE;
-    cell.m_pValue = &real;
-    cell.m_strFormat = L"%.3f";
-    cell.SetScale(1000);
-    cell.DealChangeData(c.typed);
+    Cell(ETCK_SHORT, &small).DealChangeData(c.typed);
+    Cell scaled(ETCK_DOUBLE, &real, L"%.3f");
+    scaled.SetScale(1000);
+    scaled.DealChangeData(c.typed);
     EXPECT_EQ(integer, c.integer);
     EXPECT_EQ(small, c.small);
     EXPECT_DOUBLE_EQ(real, c.real);
-    cell.SetLimit(2, 5);
-    cell.DealChangeData(c.typed);
+    scaled.SetLimit(2, 5);
+    scaled.DealChangeData(c.typed);
     EXPECT_DOUBLE_EQ(real, c.real * 1000 > 5 ? 0.005 : 0.002);
     cell.SetState(ETCS_NONE);
     EXPECT_EQ(cell.GetDispString(), L"---");
@@ -133,9 +128,8 @@ TEST(Cells, ParseClampAndScale) {
 
 TEST(Cells, TextNeverOverrunsItsArray) {
   wchar_t buffer[] = L"abcd!";
-  CETCell cell;
-  cell.m_nType = ETCK_STRING;
-  cell.m_pValue = buffer;
+  Cell cell(ETCK_STRING, buffer);
+  cell.m_bCString = 0;
   cell.m_nTextSize = 4;
   cell.DealChangeData(L"12345");
   EXPECT_STREQ(buffer, L"123");
@@ -144,9 +138,7 @@ TEST(Cells, TextNeverOverrunsItsArray) {
 
 TEST(Cells, CheckShowsItsTexts) {
   int on = 2;
-  CETCell cell;
-  cell.m_nType = ETCK_CHECK;
-  cell.m_pValue = &on;
+  Cell cell(ETCK_CHECK, &on);
   EXPECT_EQ(cell.GetDispString(), L"√");
   cell.DealChangeData(L"ㄨ");
   EXPECT_EQ(on, 0);
@@ -156,10 +148,7 @@ TEST(Cells, CheckShowsItsTexts) {
 TEST(Lists, ShowTheTextOfTheValueAndPutTheVariableRight) {
   CETControl plain, valued, open;
   int number = 7;
-  CETCell cell;
-  cell.m_nType = ETCK_INT;
-  cell.m_pValue = &number;
-  cell.m_strFormat = L"%d";
+  Cell cell(ETCK_INT, &number);
   give_list(cell, plain, {L"一", L"二", L"三"});
   EXPECT_EQ(cell.GetDispString(), L"三");
   EXPECT_EQ(number, 7);  // only clamped for the display
@@ -189,9 +178,7 @@ TEST(Lists, ShowTheTextOfTheValueAndPutTheVariableRight) {
 TEST(Lists, CompareRealNumbersAsTheyAreShown) {
   CETControl list;
   float value = 1.504f;
-  CETCell cell;
-  cell.m_nType = ETCK_FLOAT;
-  cell.m_pValue = &value;
+  Cell cell(ETCK_FLOAT, &value);
   cell.m_strFormat = L"%.2f";
   give_list(cell, list, {L"1", L"1.5", L"2.000"});
   EXPECT_EQ(cell.GetDispString(), L"1.5");
@@ -237,10 +224,7 @@ class Bars : public CGangJinBase {
 
 TEST(RebarCells, AskTheToolsObject) {
   CString text = L"4 * 20";
-  CETCell cell;
-  cell.m_nType = ETCK_STRING;
-  cell.m_bCString = 1;
-  cell.m_pValue = &text;
+  Cell cell(ETCK_STRING, &text);
   cell.m_nGangJinKind = 1;
   cell.m_nGangJinType = GANGJIN_TYPE(3);
   EXPECT_EQ(cell.GetDispString(), L"4 * 20");  // nobody to ask
@@ -263,9 +247,7 @@ TEST(RebarCells, AskTheToolsObject) {
   EXPECT_EQ(text, L"unreadable");
 
   int diameter = 20;
-  CETCell number;
-  number.m_nType = ETCK_INT;
-  number.m_pValue = &diameter;
+  Cell number(ETCK_INT, &diameter);
   number.m_nGangJinKind = 2;
   number.m_nGangJinParam = 5;
   number.DealChangeData(L"19");
