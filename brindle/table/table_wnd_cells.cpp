@@ -101,6 +101,8 @@ void CTableWnd::DrawACell(CDC* dc, int hang, int lie, const CString& text) {
   CRect rect;
   GetHangLieRect(hang, lie, rect);
   if (rect.Width() < 3) return;
+  // The title of a column that stands lower keeps to the band.
+  if (shifted && hang == 0) rect.OffsetRect(0, -(m_nHangHeight / 2));
   // Grid lines stay free: the line below at the row's last pixel, the one at the right.
   CRect ground(rect.left, rect.top + 1, rect.right - 1, rect.bottom);
   if (lie == GetLieCount()) ground.right = rect.right + 1;

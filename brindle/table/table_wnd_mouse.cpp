@@ -27,6 +27,7 @@ bool CTableWnd::cell_at(CPoint point, int& hang, int& lie) {
 
 bool CTableWnd::small_button_rect(int hang, int lie, CRect& rect) {
   if (!m_bCellBtn || !has_cell(hang, lie) || !IsButton(hang, lie)) return false;
+  if (GetButtonID(hang, lie) < 0) return false;  // the cell is a button as a whole
   GetHangLieRect(hang, lie, rect);
   rect.DeflateRect(0, 2, 2, 1);
   rect.left = rect.right - kSmallButtonWidth;
