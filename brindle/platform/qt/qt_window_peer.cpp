@@ -217,7 +217,6 @@ void QtWindowPeer::set_visible(bool visible, bool activate) {
   if (!widget_) return;
   widget_->setAttribute(Qt::WA_ShowWithoutActivating, !activate);
   widget_->setVisible(visible);
-  if (visible && activate && widget_) widget_->raise();
 }
 
 void QtWindowPeer::set_bounds(const CRect& screen) {
