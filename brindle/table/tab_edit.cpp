@@ -31,10 +31,15 @@ bool is_down(UINT key) {
 }  // namespace
 
 BOOL CTabEditInputNum::create_pad(CEdit* edit) {
-  CRect rect;
-  edit->GetWindowRect(&rect);
-  edit->GetParent()->ScreenToClient(&rect);
-  const CRect place(rect.right, rect.top - kHeight, rect.right + kWidth, rect.top);
+  CRect field, client;
+  edit->GetWindowRect(&field);
+  edit->GetParent()->ScreenToClient(&field);
+  edit->GetParent()->GetClientRect(&client);
+  const bool room_above = field.top - kHeight >= client.top;
+  const bool room_below = field.bottom + kHeight <= client.bottom;
+  const CPoint corner(std::max(std::min(field.right, client.right) - kWidth, client.left),
+                      room_above || !room_below ? field.top - kHeight : field.bottom);
+  const CRect place(corner, CSize(kWidth, kHeight));
   m_pEdit = edit;
   if (!CWnd::Create(nullptr, nullptr, WS_CHILD | WS_CLIPCHILDREN, place, edit->GetParent(), 0)) {
     return FALSE;

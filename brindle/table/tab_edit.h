@@ -16,8 +16,8 @@ class CTabEditButton : public CButton {
   static constexpr int kWidth = 15;
 };
 
-// The number pad at the editor's right end, above it: digits, "00", "+/-" and "ok". A press goes to
-// the editor as text; "ok" leaves the cell.
+// The number pad at the editor's right end, above it or, for want of room, below: digits, "00",
+// "+/-" and "ok". A press goes to the editor as text; "ok" leaves the cell.
 class CTabEditInputNum : public CWnd {
  public:
   static constexpr int kWidth = 80, kHeight = 50;
