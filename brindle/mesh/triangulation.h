@@ -21,9 +21,9 @@ class IncrementalDelaunay;
 // a vertex are skipped where they are used. Insertion, splitting and clipping look only at what is
 // near; about linear in the vertices for a mesh of no great contrasts. Not thread-safe.
 //
-// The circle test's tolerance is absolute, 1e-5 of a length to the fourth power: give coordinates in
-// which sides are well above 1 (millimetres, not metres), or small triangles take in points outside
-// their circle and overlap. No step restores a constraint that refinement has lost.
+// The circle test's tolerance is absolute, 1e-5 of a length to the fourth power: give coordinates
+// in which sides are well above 1 (millimetres, not metres), or small triangles take in points
+// outside their circle and overlap. No step restores a constraint that refinement has lost.
 class CGeoCDT : public CGeometryBase {
  public:
   struct sVertex {

@@ -17,8 +17,8 @@ namespace {
 constexpr double kClearance = 0.6;
 constexpr double kColumnRoom = 0.3;  // of a held point off an edge
 constexpr double kOnEdge = 1e-6;     // m
-// The grid's points are moved by up to this part of the mesh size, the same in every run, so that few
-// of them lie on one circle.
+// The grid's points are moved by up to this part of the mesh size, the same in every run, so that
+// few of them lie on one circle.
 constexpr double kShake = 0.04;
 constexpr double kAreaError = 1e-6;  // of the slab
 
