@@ -354,5 +354,83 @@ TEST_F(QtWindows, StandsInALayout) {
   EXPECT_EQ(CWnd::GetFocus(), nullptr);
 }
 
+class Grid : public CEasyTableWnd {
+ public:
+  static constexpr int kRows = 30;
+  ~Grid() override { DestroyWindow(); }
+  void ReSetCellData() override {
+    ClearEasyTable();
+    const int edges[] = {0, 40, 130, 220, 260, -1};
+    const CString titles[] = {L"No.", L"Name", L"Kind", L"On"};
+    IniEasyTable(kRows, 0, edges, titles);
+    CString kinds[] = {L"thin", L"thick", L"hollow"};
+    for (int hang = 1; hang <= kRows; ++hang) {
+      AddText(hang, 1, L"%d", hang);
+      AddCString(hang, 2, &name[hang - 1]);
+      AddInt(hang, 3, &kind[hang - 1], 0, kinds);
+      AddCheck(hang, 4, &on[hang - 1]);
+    }
+  }
+  // The middle of a cell, in the picture of the whole window.
+  QPointF cell(int hang, int lie) {
+    CRect rect, frame;
+    GetHangLieRect(hang, lie, rect);
+    ClientToScreen(rect);
+    GetTopLevelParent()->GetWindowRect(frame);
+    return QPointF(rect.CenterPoint().x - frame.left, rect.CenterPoint().y - frame.top);
+  }
+
+  CString name[kRows];
+  int kind[kRows] = {}, on[kRows] = {};
+};
+
+QWidget* dropped_list() {
+  for (QWidget* widget : QApplication::topLevelWidgets())
+    if (widget->isVisible() && widget->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus))
+      return widget;
+  return nullptr;
+}
+
+TEST_F(QtWindows, GridIsFilledInByHand) {
+  CDialog dialog;
+  dialog.set_frame(L"grid", 320, 200);
+  dialog.CDialog::Create(0u);
+  Grid grid;
+  ASSERT_TRUE(grid.Create(CRect(10, 10, 310, 190), &dialog, 5));
+  grid.ShowWindow(SW_SHOW);
+  dialog.ShowWindow(SW_SHOW);
+  settle();
+  QWidget* widget = window_widget(dialog);
+  click(widget, grid.cell(2, 2));
+  type(widget, "beam");
+  press(widget, Qt::Key_Tab, "\t");
+  EXPECT_EQ(grid.name[1], L"beam");
+  EXPECT_EQ(grid.m_nEditLie, 3);
+  press(widget, Qt::Key_Down);
+  press(widget, Qt::Key_Tab, "\t");
+  EXPECT_EQ(grid.kind[1], 1);
+  click(widget, grid.cell(3, 4));
+  EXPECT_EQ(grid.on[2], 1);
+
+  // A list opens in a window of its own, which a click chooses from.
+  click(widget, grid.cell(4, 3));
+  click(widget, grid.cell(4, 3) + QPointF(17, 0));
+  settle();
+  QWidget* list = dropped_list();
+  ASSERT_NE(list, nullptr);
+  EXPECT_TRUE(widget->isActiveWindow());
+  click(list, QPointF(10, list->height() * 0.7));
+  settle();
+  EXPECT_EQ(dropped_list(), nullptr);
+  press(widget, Qt::Key_Tab, "\t");
+  EXPECT_EQ(grid.kind[3], 1);
+
+  wheel(widget, grid.cell(2, 2), -360);
+  settle();
+  EXPECT_GT(grid.GetScrollPos(SB_VERT), 0);
+  EXPECT_EQ(differences(dialog), 0);
+  dialog.DestroyWindow();
+}
+
 }  // namespace
 }  // namespace brindle
