@@ -221,7 +221,13 @@ void QtWindowPeer::set_visible(bool visible, bool activate) {
 
 void QtWindowPeer::set_bounds(const CRect& screen) {
   if (!widget_ || !widget_->isWindow()) return;
-  widget_->setGeometry(qt_rect(screen));
+  // A frame that nobody placed goes where the desktop likes it.
+  const bool unplaced = screen.TopLeft() == CPoint() && !widget_->isVisible() &&
+                        (widget_->windowFlags() & Qt::FramelessWindowHint) == 0;
+  if (unplaced)
+    widget_->resize(screen.Width(), screen.Height());
+  else
+    widget_->setGeometry(qt_rect(screen));
   if (fixed_) widget_->setFixedSize(widget_->size());
 }
 
