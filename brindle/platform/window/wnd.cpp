@@ -86,7 +86,8 @@ BOOL CWnd::CreateEx(DWORD extended_style, LPCTSTR class_name, LPCTSTR text, DWOR
     state.peer = window_backend().make_peer(*this);
     state.peer->set_bounds(state.rect);
   }
-  SetWindowText(create.lpszName);
+  state.text = create.lpszName != nullptr ? create.lpszName : L"";
+  if (state.peer) state.peer->set_title(state.text);
   WINDOWPOS place{
       m_hWnd, nullptr, state.rect.left, state.rect.top, state.rect.Width(), state.rect.Height(), 0};
   SendMessage(WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&place));
