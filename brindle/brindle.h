@@ -156,6 +156,7 @@
 #include "brindle/dxf/acad_wipeout.h"
 #include "brindle/dxf/binary_drawing.h"
 #include "brindle/dxf/cad_platform_option.h"
+#include "brindle/dxf/default_line_types.h"
 #include "brindle/dxf/dimension_block.h"
 #include "brindle/dxf/drawing_encoding.h"
 #include "brindle/dxf/drawing_globals.h"

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "brindle/dxf/default_line_types.h"
 #include "brindle/platform/base/convert.h"
 #include "brindle/platform/base/format.h"
 
@@ -114,12 +115,7 @@ int CDXF_3D::Pop_ENV() {
 }
 
 void CDXF_3D::Add_Default_LineType() {
-  const float dashed[] = {0.5f, -0.5f};
-  const float dot[] = {0, -0.5f};
-  const float dash_dot[] = {0.5f, -0.25f, 0, -0.25f};
-  Add_LType(L"DASHED", L"- - - - -", 2, 1.0f, dashed, 1.0f);
-  Add_LType(L"DOT", L".........", 2, 0.5f, dot, 1.0f);
-  Add_LType(L"DASHDOT", L"- . - . - . - . -", 4, 1.0f, dash_dot, 1.0f);
+  add_default_line_types(*this);
 }
 
 template <class T>

@@ -7,6 +7,7 @@
 #include <tuple>
 #include <type_traits>
 
+#include "brindle/dxf/default_line_types.h"
 #include "brindle/platform/base/format.h"
 #include "brindle/sketch/pen/base_sgt.h"
 #include "brindle/sketch/pen/pen_placing_internal.h"
@@ -161,12 +162,7 @@ int CBase_SGT::SetCurLType(const wchar_t* ltype) {
 }
 
 void CBase_SGT::Add_Default_LineType() {
-  const float dashed[] = {0.5f, -0.5f};
-  const float dot[] = {0, -0.5f};
-  const float dash_dot[] = {0.5f, -0.25f, 0, -0.25f};
-  Add_LType(L"DASHED", L"- - - - -", 2, 1.0f, dashed, 1.0f);
-  Add_LType(L"DOT", L".........", 2, 0.5f, dot, 1.0f);
-  Add_LType(L"DASHDOT", L"- . - . - . - . -", 4, 1.0f, dash_dot, 1.0f);
+  add_default_line_types(*this);
 }
 
 void CBase_SGT::Set_Default_ENV() {
