@@ -63,6 +63,7 @@
 #include "brindle/platform/window/message_loop.h"
 #include "brindle/platform/window/progress_ctrl.h"
 #include "brindle/platform/window/static.h"
+#include "brindle/platform/window/system_look.h"
 #include "brindle/platform/window/tool_tip.h"
 #include "brindle/platform/window/user_interface.h"
 #include "brindle/platform/window/window_dc.h"

@@ -193,5 +193,9 @@ class CBitmap : public CGdiObject {
 CGdiObject* stock_object(int index);
 // The same as a handle.
 HGDIOBJ GetStockObject(int index);
+// DEFAULT_GUI_FONT, which dialogs and controls without a font of their own use, becomes `font`. A
+// context that has it selected keeps what it had. Windows are told by set_system_font of
+// platform/window.
+void set_default_gui_font(const LOGFONT& font);
 
 }  // namespace brindle

@@ -83,6 +83,10 @@ CGdiObject* stock_object(int index) {
   return index >= 0 && index < kStockObjects ? objects.all[index].get() : nullptr;
 }
 
+void set_default_gui_font(const LOGFONT& font) {
+  static_cast<CFont*>(stock_object(DEFAULT_GUI_FONT))->CreateFontIndirect(&font);
+}
+
 HGDIOBJ GetStockObject(int index) {
   const CGdiObject* object = stock_object(index);
   return object != nullptr ? object->m_hObject : nullptr;

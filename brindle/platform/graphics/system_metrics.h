@@ -21,11 +21,17 @@ inline constexpr int COLOR_SCROLLBAR = 0, COLOR_BACKGROUND = 1, COLOR_ACTIVECAPT
                      COLOR_3DSHADOW = 16, COLOR_GRAYTEXT = 17, COLOR_BTNTEXT = 18,
                      COLOR_INACTIVECAPTIONTEXT = 19, COLOR_BTNHIGHLIGHT = 20,
                      COLOR_3DHIGHLIGHT = 20, COLOR_3DDKSHADOW = 21, COLOR_3DLIGHT = 22,
-                     COLOR_INFOTEXT = 23, COLOR_INFOBK = 24;
+                     COLOR_INFOTEXT = 23, COLOR_INFOBK = 24, COLOR_HOTLIGHT = 26,
+                     COLOR_MENUHILIGHT = 29, COLOR_MENUBAR = 30;
 
 // Pixels; 0 for an index that isn't known.
 int GetSystemMetrics(int index);
 COLORREF GetSysColor(int index);
+// Windows are told by set_system_colors of platform/window. An unknown index is passed over.
+BOOL SetSysColors(int count, const int* indexes, const COLORREF* colors);
+// `text` where it can be read on `background`; else its light counterpart on a dark one, or its
+// dark counterpart on a light one.
+COLORREF readable_color(COLORREF text, COLORREF background);
 // The screen is 1920 by 1080 until a backend or a program that paints without one says otherwise.
 void set_screen_size(int width, int height);
 

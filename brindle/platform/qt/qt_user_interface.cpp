@@ -1,9 +1,12 @@
 #include "brindle/platform/qt/qt_user_interface_internal.h"
 
+#include "brindle/platform/window/message_ids.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QThread>
 
 namespace brindle {
@@ -30,6 +33,36 @@ QMessageBox::Icon icon_of(MessageGrade grade) {
   return QMessageBox::NoIcon;
 }
 
+QMessageBox::Icon question_icon(unsigned type) {
+  switch (type & MB_ICONMASK) {
+    case MB_ICONQUESTION:
+      return QMessageBox::Question;
+    case 0:
+      return QMessageBox::NoIcon;
+  }
+  return icon_of(message_box_grade(type));
+}
+
+QMessageBox::StandardButton standard_button(int id) {
+  switch (id) {
+    case IDCANCEL:
+      return QMessageBox::Cancel;
+    case IDABORT:
+      return QMessageBox::Abort;
+    case IDRETRY:
+    case IDTRYAGAIN:
+      return QMessageBox::Retry;
+    case IDIGNORE:
+    case IDCONTINUE:
+      return QMessageBox::Ignore;
+    case IDYES:
+      return QMessageBox::Yes;
+    case IDNO:
+      return QMessageBox::No;
+  }
+  return QMessageBox::Ok;
+}
+
 }  // namespace
 
 QStringList qt_name_filters(const std::wstring& filter) {
@@ -52,6 +85,23 @@ void QtUserInterface::message_box(MessageGrade grade, int code, const wchar_t* t
                   to_qt(text ? text : L""), QMessageBox::Ok, QApplication::activeWindow());
   box.setTextFormat(Qt::PlainText);
   box.exec();
+}
+
+int QtUserInterface::question(const wchar_t* text, const wchar_t* caption, unsigned type) {
+  if (!qt_can_act()) return HeadlessUserInterface::question(text, caption, type);
+  QMessageBox box(QApplication::activeWindow());
+  box.setTextFormat(Qt::PlainText);
+  box.setText(to_qt(text ? text : L""));
+  box.setWindowTitle(caption ? to_qt(caption) : QGuiApplication::applicationDisplayName());
+  box.setIcon(question_icon(type));
+  for (const int id : message_box_buttons(type)) {
+    QPushButton* button = box.addButton(standard_button(id));
+    if (id == default_answer(type)) box.setDefaultButton(button);
+    button->setProperty("answer", id);
+  }
+  box.exec();
+  const QAbstractButton* pressed = box.clickedButton();
+  return pressed ? pressed->property("answer").toInt() : default_answer(type);
 }
 
 void QtUserInterface::dispatch_pending_messages() {

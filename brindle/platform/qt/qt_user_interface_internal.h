@@ -11,6 +11,7 @@ namespace brindle {
 class QtUserInterface : public HeadlessUserInterface {
  public:
   void message_box(MessageGrade grade, int code, const wchar_t* text) override;
+  int question(const wchar_t* text, const wchar_t* caption, unsigned type) override;
   void dispatch_pending_messages() override;
   bool choose_file(FileChoice& choice) override;
   void set_clipboard_text(std::wstring_view text) override;

@@ -13,6 +13,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPaintEvent>
@@ -125,6 +126,7 @@ void QtWindow::moveEvent(QMoveEvent*) {
 }
 
 void QtWindow::resizeEvent(QResizeEvent*) {
+  if (menu_bar_ != nullptr) menu_bar_->setGeometry(0, 0, width(), menu_bar_->height());
   tell_place();
 }
 
@@ -139,7 +141,8 @@ void QtWindow::focusInEvent(QFocusEvent*) {
 
 void QtWindow::focusOutEvent(QFocusEvent* event) {
   // A menu of the window leaves it active.
-  if (window_ != nullptr && event->reason() != Qt::PopupFocusReason)
+  if (window_ != nullptr && event->reason() != Qt::PopupFocusReason &&
+      event->reason() != Qt::MenuBarFocusReason)
     route_activate(*window_, false);
 }
 

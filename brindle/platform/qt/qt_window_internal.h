@@ -8,9 +8,11 @@
 #include <QWidget>
 
 class QLabel;
+class QMenuBar;
 
 namespace brindle {
 
+class CMenu;
 class CWnd;
 
 // One pixel of the picture is one device-independent pixel: on a finer screen it is magnified.
@@ -23,6 +25,8 @@ class QtWindow : public QWidget {
   void part();
   void set_changed(const QRect& area);
   void show_changes();
+  // Returns the height of the bar.
+  int set_menu(CMenu* menu);
   QSize sizeHint() const override;
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
@@ -54,8 +58,9 @@ class QtWindow : public QWidget {
   RasterBitmap picture_;
   QRegion changed_;
   const QRegion* exposed_ = nullptr;  // while painting
-  QLabel* composition_ = nullptr;     // what an input method is about to make
-  int events_ = 0;                    // at work
+  QMenuBar* menu_bar_ = nullptr;
+  QLabel* composition_ = nullptr;  // what an input method is about to make
+  int events_ = 0;                 // at work
 };
 
 }  // namespace brindle

@@ -1,6 +1,8 @@
 #include "brindle/platform/qt/qt_window_peer_internal.h"
 
 #include "brindle/platform/graphics/system_metrics.h"
+#include "brindle/platform/qt/qt_menu_internal.h"
+#include "brindle/platform/qt/qt_system_look_internal.h"
 #include "brindle/platform/qt/qt_window_internal.h"
 #include "brindle/platform/qt/window_widget.h"
 #include "brindle/platform/window/menu.h"
@@ -155,31 +157,6 @@ class MessagePump : public QObject {
   QBasicTimer timer_;
 };
 
-void fill_menu(QMenu& menu, CMenu& from, CWnd* told) {
-  UINT index = 0;
-  for (const CMenu::Item& item : std::vector<CMenu::Item>(from.items())) {
-    const QString text = QString::fromStdWString(item.text);
-    if (item.popup) {
-      if (told != nullptr && told->m_hWnd != nullptr)
-        told->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(item.popup->m_hMenu),
-                          static_cast<LPARAM>(index));
-      QMenu* popup = menu.addMenu(text);
-      popup->setEnabled((item.flags & (MF_GRAYED | MF_DISABLED)) == 0);
-      fill_menu(*popup, *item.popup, told);
-    } else if ((item.flags & MF_SEPARATOR) != 0) {
-      menu.addSeparator();
-    } else {
-      QAction* action = menu.addAction(text);
-      action->setData(item.id);
-      action->setEnabled((item.flags & (MF_GRAYED | MF_DISABLED)) == 0);
-      action->setCheckable((item.flags & MF_CHECKED) != 0);
-      action->setChecked((item.flags & MF_CHECKED) != 0);
-      if ((item.flags & MF_DEFAULT) != 0) menu.setDefaultAction(action);
-    }
-    ++index;
-  }
-}
-
 void tell_screen() {
   if (const QScreen* screen = QGuiApplication::primaryScreen())
     set_screen_size(screen->size().width(), screen->size().height());
@@ -258,10 +235,15 @@ void QtWindowPeer::set_cursor(HCURSOR cursor) {
   if (widget_) widget_->setCursor(shape_of(cursor));
 }
 
+int QtWindowPeer::set_menu(CMenu* menu) {
+  return widget_ ? widget_->set_menu(menu) : 0;
+}
+
 void QtWindowBackend::start() {
   if (MessagePump::is_running()) return;
   new MessagePump(qApp);
   tell_screen();
+  follow_system_look();
   QObject::connect(qApp, &QGuiApplication::primaryScreenChanged, qApp, [] { tell_screen(); });
   wake(now_ms());
 }

@@ -25,6 +25,7 @@ class QtWindowPeer : public WindowPeer {
   void activate() override;
   void set_capture(bool capture) override;
   void set_cursor(HCURSOR cursor) override;
+  int set_menu(CMenu* menu) override;
 
  private:
   // Null once the program has deleted the widget that this one stood in, or the application.

@@ -66,6 +66,15 @@ void HeadlessUserInterface::message_box(MessageGrade, int code, const wchar_t* t
   write_message(code, text);
 }
 
+int HeadlessUserInterface::question(const wchar_t* text, const wchar_t* caption, unsigned type) {
+  const int usual = UserInterface::question(text, caption, type);
+  if (answers.empty()) return usual;
+  const int answer = answers.front();
+  answers.pop_front();
+  const std::vector<int> buttons = message_box_buttons(type);
+  return std::find(buttons.begin(), buttons.end(), answer) != buttons.end() ? answer : usual;
+}
+
 PromptWindow& HeadlessUserInterface::prompt_window() {
   if (!prompt_) prompt_ = std::make_unique<HeadlessPromptWindow>();
   return *prompt_;

@@ -1,5 +1,6 @@
-// The user interface of a process without a display: messages go to standard error, questions are
-// answered with Cancel, nothing ever blocks. The prompt window is kept in memory.
+// The user interface of a process without a display: messages go to standard error, file choices
+// are answered with Cancel, questions by their default button, nothing ever blocks. The prompt
+// window is kept in memory.
 #pragma once
 
 #include "brindle/platform/window/user_interface.h"
@@ -39,6 +40,8 @@ class MemoryPromptWindow : public PromptWindow {
 class HeadlessUserInterface : public UserInterface {
  public:
   void message_box(MessageGrade grade, int code, const wchar_t* text) override;
+  // One of `answers` when the box has that button, else the default button.
+  int question(const wchar_t* text, const wchar_t* caption, unsigned type) override;
   PromptWindow* find_prompt_window() override { return prompt_.get(); }
   PromptWindow& prompt_window() override;
   void destroy_prompt_window() override { prompt_.reset(); }
@@ -46,6 +49,10 @@ class HeadlessUserInterface : public UserInterface {
   bool choose_file(FileChoice& choice) override;
   void set_clipboard_text(std::wstring_view text) override { clipboard_ = text; }
   std::wstring clipboard_text() override { return clipboard_; }
+
+  // What the next questions are answered (IDYES ...), in their order: each is taken out when its
+  // box comes.
+  std::deque<int> answers;
 
  private:
   std::unique_ptr<PromptWindow> prompt_;

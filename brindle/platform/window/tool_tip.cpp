@@ -142,9 +142,9 @@ void CToolTipCtrl::OnPaint() {
   CRect client;
   GetClientRect(client);
   dc.SelectObject(control_font(*this));
-  dc.FillSolidRect(client, back_);
+  dc.FillSolidRect(client, back_ != CLR_INVALID ? back_ : GetSysColor(COLOR_INFOBK));
   dc.SetBkMode(TRANSPARENT);
-  dc.SetTextColor(text_);
+  dc.SetTextColor(text_ != CLR_INVALID ? text_ : GetSysColor(COLOR_INFOTEXT));
   CString text;
   GetWindowText(text);
   client.DeflateRect(3, 2);

@@ -59,7 +59,7 @@ class CToolTipCtrl : public CWnd {
   bool active_ = true;
   int delays_[4] = {500, 100, 5000, 500};
   int max_width_ = -1;
-  COLORREF back_ = RGB(255, 255, 225), text_ = 0;
+  COLORREF back_ = CLR_INVALID, text_ = CLR_INVALID;  // CLR_INVALID: the system's
 };
 
 }  // namespace brindle

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brindle {
 
@@ -50,6 +51,11 @@ class UserInterface {
   // Shows a box and returns when it was dismissed. `code` is the message's code.
   virtual void message_box(MessageGrade grade, int code, const wchar_t* text) = 0;
 
+  // Asks with the buttons, the picture and the default button of `type` (MB_*); returns the number
+  // of the button pressed (IDOK, IDYES ...). By default the text is told by message_box, and the
+  // default button is the answer. A null `caption` is the program's name.
+  virtual int question(const wchar_t* text, const wchar_t* caption, unsigned type);
+
   // The prompt window, null while there is none.
   virtual PromptWindow* find_prompt_window() = 0;
   // The prompt window, made hidden when there is none. Valid until it is destroyed.
@@ -65,6 +71,14 @@ class UserInterface {
   virtual void set_clipboard_text(std::wstring_view text) = 0;
   virtual std::wstring clipboard_text() = 0;
 };
+
+// The buttons that MB_* asks for, from left to right, as IDOK, IDCANCEL, IDYES ...; one IDOK for a
+// kind that isn't known.
+std::vector<int> message_box_buttons(unsigned type);
+// The one that Return presses: the first, or as MB_DEFBUTTON2 ... say.
+int default_answer(unsigned type);
+// What MB_ICON* stands for.
+MessageGrade message_box_grade(unsigned type);
 
 // The interface in force; the headless one until another is installed.
 UserInterface& user_interface();

@@ -111,7 +111,10 @@ WindowHit hit_window(CWnd& top, CPoint at) {
     for (const int bar : {SB_VERT, SB_HORZ})
       if (bar_shown(*window, bar) && bar_layout(*window, bar).box.PtInRect(at))
         return {window, bar == SB_VERT ? HTVSCROLL : HTHSCROLL};
-    const CPoint inside = CPoint(at - CPoint(state.border(), state.border()));
+    const CSize inset = state.inset();
+    if (state.menu_height > 0 && at.y >= inset.cy - state.menu_height && at.y < inset.cy)
+      return {window, HTMENU};
+    const CPoint inside(at.x - inset.cx, at.y - inset.cy);
     if (!CRect(CPoint(), state.client_size()).PtInRect(inside)) return {window, HTBORDER};
     const auto under = [&](const CWnd* child) {
       const WindowState& below = window_state(*child);
@@ -164,6 +167,10 @@ void route_mouse(CWnd& top, UINT message, UINT flags, CPoint at) {
     target->GetWindowRect(frame);
     return press_bar(*target, area == HTVSCROLL ? SB_VERT : SB_HORZ,
                      CPoint(system.mouse - frame.TopLeft()));
+  }
+  if (area == HTMENU && message == WM_LBUTTONDOWN) {
+    target->GetWindowRect(frame);
+    return press_menu_bar(*target, CPoint(system.mouse - frame.TopLeft()));
   }
   if (area != HTCLIENT) return;
   CPoint inside = system.mouse;

@@ -34,6 +34,9 @@ class WindowPeer {
   // All mouse events go to this window while it has the capture.
   virtual void set_capture(bool capture) = 0;
   virtual void set_cursor(HCURSOR cursor) = 0;
+  // Shows the bar of `menu` (null: none) over the upper part of the picture, and returns its
+  // height; 0 when the library is to paint it. Told again when the items have changed.
+  virtual int set_menu(CMenu*) { return 0; }
 };
 
 class WindowBackend {

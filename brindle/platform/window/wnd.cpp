@@ -4,7 +4,7 @@
 #include <cwchar>
 
 #include "brindle/platform/window/control_ids.h"
-#include "brindle/platform/window/user_interface.h"
+#include "brindle/platform/window/menu.h"
 #include "brindle/platform/window/wnd_internal.h"
 
 namespace brindle {
@@ -39,6 +39,7 @@ BOOL CWnd::Create(LPCTSTR class_name, LPCTSTR text, DWORD style, const RECT& rec
 
 BOOL CWnd::CreateEx(DWORD extended_style, LPCTSTR class_name, LPCTSTR text, DWORD style, int x,
                     int y, int width, int height, HWND parent, HMENU id_or_menu, void* parameter) {
+  if ((style & WS_CHILD) == 0 && id_or_menu != nullptr) SetMenu(CMenu::FromHandle(id_or_menu));
   if (x == CW_USEDEFAULT) x = y = 0;
   if (width == CW_USEDEFAULT) width = 640, height = 480;
   const UINT id = static_cast<UINT>(reinterpret_cast<UINT_PTR>(id_or_menu));
@@ -88,6 +89,7 @@ BOOL CWnd::CreateEx(DWORD extended_style, LPCTSTR class_name, LPCTSTR text, DWOR
   }
   state.text = create.lpszName != nullptr ? create.lpszName : L"";
   if (state.peer) state.peer->set_title(state.text);
+  if (state.menu != nullptr) place_menu_bar(*this);
   WINDOWPOS place{
       m_hWnd, nullptr, state.rect.left, state.rect.top, state.rect.Width(), state.rect.Height(), 0};
   SendMessage(WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&place));
@@ -196,14 +198,6 @@ void CWnd::SetFont(CFont* font, BOOL redraw) {
 
 CFont* CWnd::GetFont() const {
   return state_->font;
-}
-
-int CWnd::MessageBox(LPCTSTR text, LPCTSTR, UINT type) {
-  const MessageGrade grade = (type & 0xF0) == MB_ICONERROR     ? MessageGrade::kError
-                             : (type & 0xF0) == MB_ICONWARNING ? MessageGrade::kWarning
-                                                               : MessageGrade::kInformation;
-  user_interface().message_box(grade, 0, text);
-  return IDOK;
 }
 
 CWnd* AfxGetMainWnd() {

@@ -63,7 +63,12 @@ class CWnd : public CObject {
   BOOL IsChild(const CWnd* window) const;
   void BringWindowToTop();
   CMenu* GetMenu() const;
+  // The bar above a top-level window's client area, null for none; the menu stays the caller's and
+  // must live as long. Each item's command comes as WM_COMMAND, and WM_INITMENUPOPUP before a popup
+  // opens.
   BOOL SetMenu(CMenu* menu);
+  // Shows the bar anew after its items were changed.
+  void DrawMenuBar();
 
   // The title of a frame, the content of a control. A null text empties it.
   virtual void SetWindowText(const wchar_t* text);
@@ -174,7 +179,7 @@ class CWnd : public CObject {
   virtual BOOL OnCmdMsg(UINT id, int code, void* extra, void* handler_info);
   virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
-  // Asks by a message box; without anybody the answer is IDOK.
+  // Asks by a message box (MB_*); without anybody the default button answers.
   int MessageBox(LPCTSTR text, LPCTSTR caption = nullptr, UINT type = MB_OK);
 
  protected:
@@ -242,6 +247,8 @@ LPCTSTR AfxRegisterWndClass(UINT class_style, HCURSOR cursor = nullptr, HBRUSH b
 
 // Takes the capture from the window that has it.
 BOOL ReleaseCapture();
+
+int AfxMessageBox(LPCTSTR text, UINT type = MB_OK, UINT help_id = 0);
 
 CWnd* AfxGetMainWnd();
 void AfxSetMainWnd(CWnd* window);

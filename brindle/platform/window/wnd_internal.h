@@ -47,6 +47,8 @@ struct WindowState {
   const WindowClass* kind = &window_class(nullptr);
   CFont* font = nullptr;
   CMenu* menu = nullptr;
+  int menu_height = 0;       // of the bar, above the client area
+  bool paints_menu = false;  // the toolkit doesn't show the bar
   ScrollBar bars[2];
   std::shared_ptr<RasterBitmap> surface;  // of the client area; made when it is first drawn on
   RegionData update;
@@ -62,6 +64,8 @@ struct WindowState {
   bool is_child() const { return (style & WS_CHILD) != 0 && parent != nullptr; }
   bool has(DWORD bits) const { return (style & bits) == bits; }
   int border() const;
+  // From the window's corner to the client area's.
+  CSize inset() const { return {border(), border() + menu_height}; }
   CSize client_size() const;
 };
 
@@ -139,10 +143,16 @@ BarLayout bar_layout(const CWnd& window, int bar);
 int bar_position_at(const CWnd& window, int bar, int thumb_start);
 void paint_bars(CDC& dc, const CWnd& window, CPoint at);
 
+// The bar of a window whose toolkit has none.
+void place_menu_bar(CWnd& window);
+void paint_menu_bar(CDC& dc, const CWnd& window, CPoint at);
+// A press, at a point of the window's own pixels.
+void press_menu_bar(CWnd& window, CPoint at);
+
 // A hit on a window of the tree below `top`, by a point of its picture.
 struct WindowHit {
   CWnd* window = nullptr;
-  int area = 0;  // HTCLIENT, HTVSCROLL, HTHSCROLL, HTBORDER
+  int area = 0;  // HTCLIENT, HTMENU, HTVSCROLL, HTHSCROLL, HTBORDER
 };
 WindowHit hit_window(CWnd& top, CPoint at);
 

@@ -138,15 +138,6 @@ void CWnd::BringWindowToTop() {
   SetWindowPos(&wndTop, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
 }
 
-CMenu* CWnd::GetMenu() const {
-  return state_->menu;
-}
-
-BOOL CWnd::SetMenu(CMenu* menu) {
-  state_->menu = menu;
-  return TRUE;
-}
-
 void CWnd::SetDlgItemText(int id, const wchar_t* text) {
   if (CWnd* item = GetDlgItem(id)) item->SetWindowText(text);
 }

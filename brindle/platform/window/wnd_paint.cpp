@@ -25,7 +25,7 @@ void compose(CWnd& window, RasterBitmap& target, CRect clip, CPoint at) {
   clip &= whole;
   if (clip.IsRectEmpty()) return;
   const int border = state.border();
-  const CPoint origin = at + CSize(border, border);
+  const CPoint origin = at + state.inset();
   const RasterBitmap& pixels = *window_surface(window);
   const CRect inner = clip & CRect(origin, state.client_size());
   const CRect filled = inner & CRect(origin, CSize(pixels.width(), pixels.height()));
@@ -33,7 +33,7 @@ void compose(CWnd& window, RasterBitmap& target, CRect clip, CPoint at) {
     const std::uint32_t* from = pixels.row(y - origin.y) + (filled.left - origin.x);
     std::copy(from, from + filled.Width(), target.row(y) + filled.left);
   }
-  if (border > 0 || bar_shown(window, SB_HORZ) || bar_shown(window, SB_VERT)) {
+  if (border > 0 || state.paints_menu || bar_shown(window, SB_HORZ) || bar_shown(window, SB_VERT)) {
     RasterDevice device(target);
     CDC dc(device);
     dc.IntersectClipRect(clip);
@@ -43,6 +43,7 @@ void compose(CWnd& window, RasterBitmap& target, CRect clip, CPoint at) {
       dc.Draw3dRect(frame, color, color);
     }
     paint_bars(dc, window, at);
+    if (state.paints_menu) paint_menu_bar(dc, window, at);
   }
   for (auto child = state.children.rbegin(); child != state.children.rend(); ++child) {
     const WindowState& below = window_state(**child);

@@ -16,20 +16,19 @@ CSize WindowState::client_size() const {
   const int bar_width = has(WS_VSCROLL) ? GetSystemMetrics(SM_CXVSCROLL) : 0;
   const int bar_height = has(WS_HSCROLL) ? GetSystemMetrics(SM_CYHSCROLL) : 0;
   return {std::max(rect.Width() - 2 * border() - bar_width, 0),
-          std::max(rect.Height() - 2 * border() - bar_height, 0)};
+          std::max(rect.Height() - 2 * border() - menu_height - bar_height, 0)};
 }
 
 CPoint origin_in_top(const CWnd& window) {
   const WindowState& state = window_state(window);
-  const int border = state.border();
-  const CPoint inside(border, border);
+  const CPoint inside = CPoint() + state.inset();
   if (!state.is_child()) return inside;
   return origin_in_top(*state.parent) + state.rect.TopLeft() + inside;
 }
 
 CPoint screen_origin(const CWnd& window) {
   const WindowState& state = window_state(window);
-  const CPoint corner = state.rect.TopLeft() + CSize(state.border(), state.border());
+  const CPoint corner = state.rect.TopLeft() + state.inset();
   return state.is_child() ? screen_origin(*state.parent) + corner : corner;
 }
 
@@ -38,8 +37,7 @@ void mark_changed(CWnd& window, const CRect* area) {
   WindowState& state = window_state(top);
   if (window.m_hWnd == nullptr || !state.peer) return;
   const CPoint origin = origin_in_top(window);
-  const int border = window_state(window).border();
-  const CRect whole(origin - CSize(border, border), window_state(window).rect.Size());
+  const CRect whole(origin - window_state(window).inset(), window_state(window).rect.Size());
   state.peer->update(area != nullptr ? *area + origin : whole);
 }
 

@@ -109,12 +109,12 @@ int CWnd::GetScrollLimit(int bar) const {
 BarLayout bar_layout(const CWnd& window, int bar) {
   const WindowState& state = window_state(window);
   const CSize client = state.client_size();
-  const int border = state.border();
+  const CSize inset = state.inset();
   const bool upright = bar == SB_VERT;
   BarLayout layout;
-  layout.box = upright ? CRect(CPoint(border + client.cx, border),
+  layout.box = upright ? CRect(CPoint(inset.cx + client.cx, inset.cy),
                                CSize(GetSystemMetrics(SM_CXVSCROLL), client.cy))
-                       : CRect(CPoint(border, border + client.cy),
+                       : CRect(CPoint(inset.cx, inset.cy + client.cy),
                                CSize(client.cx, GetSystemMetrics(SM_CYHSCROLL)));
   const int length = upright ? layout.box.Height() : layout.box.Width();
   const int arrow = std::min(GetSystemMetrics(SM_CYVSCROLL), length / 2);
