@@ -3,7 +3,9 @@
 
 #include <cmath>
 
+#include "brindle/dxf/acad_image.h"
 #include "brindle/geometry/region.h"
+#include "brindle/platform/graphics/raster_bitmap.h"
 #include "brindle/sketch/canvas/safe_dc.h"
 #include "tests/dxf/drawing_scene.h"
 
@@ -165,30 +167,38 @@ TEST(EntityDrawing, Texts) {
   EXPECT_EQ(user.messages.size(), 1u);
 }
 
-// Nothing here must trap or hang, whatever a file told.
+// Nothing must trap or hang, whatever a file told: boxes, pictures from any side, picking.
 TEST(EntityDrawing, WildValues) {
-  for (double wild : {double{NAN}, double{INFINITY}, 1e300, -1e300, 1e38, 3e9, -3e9, 1e5, 0.0}) {
-    for (int selected : {0, 1}) {
-      DrawingScene scene;
-      const float dashes[] = {1e-30f, -1e-30f};
-      scene.dxf.Add_LType(L"D", L"", 2, 0, dashes, 1);
-      scene.dxf.Write_Point(wild, 1, 1, L"0");
-      scene.dxf.Write_Line(0, 0, 0, wild, 1, 1, wild, L"0", L"1", L"D");
-      scene.dxf.Write_Circle(50, 50, 0, wild, wild, L"0", L"1", L"D");
-      scene.dxf.Write_Arc(50, 50, 0, 10, wild, 90, 1, L"0", L"1", L"D");
-      scene.dxf.Write_Arc(50, 50, 0, 10, 0, wild, wild, L"0", L"1", L"D");
-      scene.dxf.Write_Text(50, wild, 0, 10, wild, L"a", L"STANDARD", L"0", L"1", L"D");
-      scene.dxf.Write_Text(50, 50, 0, wild, 0, L"a", L"STANDARD", L"0", L"1", L"D");
-      const CFRegion region(CFRect(0, 0, 100, 100));
-      for (ACAD_ENTITY* entity : all_of(scene.dxf.m_Entities)) {
-        entity->m_bSelected = selected;
-        entity->Draw(&scene.dc, &scene.coor, 0, 0);
-        entity->Draw(&scene.dc, &scene.coor, wild, -wild);
-        entity->Draw3D(&scene.dc, &scene.coor, wild, 1);
-        for (int mode : {0, 1}) entity->HitTest(region, mode, wild, 1);
-      }
-      EXPECT_LT(scene.device.calls().size(), 100000u);
+  for (double wild : {double{NAN}, double{INFINITY}, 1e300, -1e300, 1e38, 3e9, -3e9, 1e-308, 0.0}) {
+    DrawingScene scene;
+    DXF& dxf = scene.dxf;
+    const float dashes[] = {1e-30f, -1e-30f};
+    dxf.Add_LType(L"D", L"", 2, 0, dashes, 1);
+    dxf.Write_Point(wild, 1, 1, L"0");
+    dxf.Write_Line(0, 0, 0, wild, 1, 1, wild, L"0", L"1", L"D");
+    dxf.Write_Circle(50, 50, 0, wild, wild, L"0", L"1", L"D");
+    dxf.Write_Arc(wild, 50, 0, 10, wild, 90, 1, L"0", L"1", L"D");
+    dxf.Write_Arc(50, 50, 0, 10, 0, wild, wild, L"0", L"1", L"D");
+    dxf.Write_Text(50, wild, 0, 10, wild, L"a", L"STANDARD", L"0", L"1", L"D");
+    dxf.Write_Text(50, 50, 0, wild, 0, L"a", L"STANDARD", L"0", L"1", L"D");
+    const double x[] = {0, 0, wild}, y[] = {0, 1, 1}, wilds[] = {wild, wild, wild};
+    dxf.Write_Pline(3, x, y, nullptr, wilds, 1, wilds, wilds, 1, L"0", L"1", L"D");
+    dxf.Write_Solid(wild, 0, 0, 1, 0, 0, 0, 1, 0, 1, 1, 0, L"0", L"1", L"D");
+    dxf.Write_3DFace(0, 0, 1, 1, 0, 2, 0, wild, 3, 1, 1, 4, L"0", L"1", L"D");
+    auto* image = new ACAD_IMAGE;
+    image->set_picture(std::make_shared<RasterBitmap>(2, 2, 0));
+    image->x = image->ux = image->vx = wild;
+    dxf.m_Entities.AddTail(image);
+    for (ACAD_ENTITY* entity : all_of(dxf.m_Entities)) {
+      entity->m_pDxf = &dxf;
+      entity->m_bSelected = 1;
+      entity->GetFRect();
+      entity->GetFRect3D(wild, 1);
+      for (const double shift : {0.0, wild}) scene.drawn(*entity, shift, -shift);
+      entity->Draw3D(&scene.dc, &scene.coor, wild, 1);
+      for (int mode : {0, 1}) entity->HitTest(CFRect(0, 0, 100, 100), mode, wild, 1);
     }
+    EXPECT_LT(scene.device.calls().size(), 100000u);
   }
 }
 
