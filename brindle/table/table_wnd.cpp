@@ -357,6 +357,10 @@ BOOL CTableWnd::IsMutiLine(int, int) {
 
 void CTableWnd::DealChangeEditString(int, int, CString&) {}
 
+void CTableWnd::ask_row(int hang) {
+  for (int lie = 1; lie <= GetLieCount(); ++lie) GetHangLieString(hang, lie);
+}
+
 bool CTableWnd::row_needs_asking(int) {
   return false;
 }

@@ -143,10 +143,12 @@ void CTableWnd::DrawContent(CDC* dc) {
   const int columns = GetLieCount();
   for (int hang = 1; hang <= m_nHangCount; ++hang) {
     const bool in_sight = rows.first <= hang && hang <= rows.last;
-    if (!in_sight && !row_needs_asking(hang)) continue;
+    if (!in_sight) {
+      if (row_needs_asking(hang)) ask_row(hang);
+      continue;
+    }
     for (int lie = 1; lie <= columns; ++lie) {
       const CString text = GetHangLieString(hang, lie);
-      if (!in_sight) continue;
       DrawACell(dc, hang, lie, text);
     }
   }
