@@ -201,11 +201,12 @@ void QtWindowPeer::set_bounds(const CRect& screen) {
   // A frame that nobody placed goes where the desktop likes it.
   const bool unplaced = screen.TopLeft() == CPoint() && !widget_->isVisible() &&
                         (widget_->windowFlags() & Qt::FramelessWindowHint) == 0;
+  // The user can't change the size of a fixed frame; the program can.
+  if (fixed_) widget_->setFixedSize(screen.Width(), screen.Height());
   if (unplaced)
     widget_->resize(screen.Width(), screen.Height());
   else
     widget_->setGeometry(qt_rect(screen));
-  if (fixed_) widget_->setFixedSize(widget_->size());
 }
 
 void QtWindowPeer::update(const CRect& area) {
