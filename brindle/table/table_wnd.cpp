@@ -120,6 +120,9 @@ void CTableWnd::SetShowBckClor(int show) {
 
 BOOL CTableWnd::Create(const RECT& rect, CWnd* parent, UINT id) {
   m_pOwner = parent;
+  // A new window has no bars yet, and stands at their beginning.
+  m_bHScroll = m_bVScroll = 0;
+  m_nHPos = m_nVPos = m_nLieShift = 0;
   CRect place(rect);
   if (m_bFixedWindowSize) {
     m_nWidth = place.Width();
