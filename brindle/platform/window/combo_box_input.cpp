@@ -230,7 +230,7 @@ void ComboList::open(const CRect& screen, int visible_rows) {
   rows_ = 0;
   for (int row = 0; row < visible_rows; ++row) {
     const int row_height = box_.GetItemHeight(row);
-    if (rows_ > 0 && height - 2 + row_height > room) break;
+    if (rows_ > 0 && height - 2 + row_height / 2 > room) break;  // half a row is shown whole
     height += row_height;
     ++rows_;
   }
