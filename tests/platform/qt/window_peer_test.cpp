@@ -419,7 +419,7 @@ TEST_F(QtWindows, GridIsFilledInByHand) {
   QWidget* list = dropped_list();
   ASSERT_NE(list, nullptr);
   EXPECT_TRUE(widget->isActiveWindow());
-  click(list, QPointF(10, list->height() * 0.7));
+  click(list, QPointF(10, list->height() * 0.5));
   settle();
   EXPECT_EQ(dropped_list(), nullptr);
   press(widget, Qt::Key_Tab, "\t");
