@@ -59,12 +59,17 @@ COLORREF CTableWnd::GetHangLieBkColor(int hang, int lie) {
   return open ? m_clrEdit : m_clrNoEdit;
 }
 
-void CTableWnd::fill_cell(CDC* dc, const CRect& rect, COLORREF color) {
+// The desktop chooses its face colour, and it may be dark: text on it is made readable. On the
+// grid's and the tool's own colours text has the colour that it was given.
+void CTableWnd::fill_cell(CDC* dc, const CRect& rect, COLORREF color, COLORREF& text_color) {
+  const COLORREF face = GetSysColor(COLOR_3DFACE);
+  const bool closed = color == m_clrNoEdit;
   if (color == m_clrHead) {
     fill_head(dc, rect);
   } else {
-    dc->FillSolidRect(&rect, color == m_clrNoEdit ? GetSysColor(COLOR_3DFACE) : color);
+    dc->FillSolidRect(&rect, closed ? face : color);
   }
+  if (color == m_clrHead || closed) text_color = readable_color(text_color, face);
 }
 
 void CTableWnd::draw_selection_mark(CDC* dc, const CRect& rect) {
@@ -85,12 +90,12 @@ void CTableWnd::draw_selection_mark(CDC* dc, const CRect& rect) {
 }
 
 void CTableWnd::draw_small_button(CDC* dc, const CRect& rect, bool hot) {
-  const COLORREF face = GetSysColor(COLOR_3DFACE);
-  dc->FillSolidRect(&rect, hot ? lighter(face, 20) : face);
+  const COLORREF face = GetSysColor(COLOR_3DFACE), ground = hot ? lighter(face, 20) : face;
+  dc->FillSolidRect(&rect, ground);
   dc->Draw3dRect(&rect, kMarkLight, kMarkDark);
   const int y = (rect.top + rect.bottom) / 2;
   for (int i = 0; i < 3; ++i) {
-    dc->FillSolidRect(rect.left + 2 + 2 * i, y + 2, 1, 1, kMarkDark);
+    dc->FillSolidRect(rect.left + 2 + 2 * i, y + 2, 1, 1, readable_color(kMarkDark, ground));
   }
 }
 
@@ -106,7 +111,8 @@ void CTableWnd::DrawACell(CDC* dc, int hang, int lie, const CString& text) {
   // Grid lines stay free: the line below at the row's last pixel, the one at the right.
   CRect ground(rect.left, rect.top + 1, rect.right - 1, rect.bottom);
   if (lie == GetLieCount()) ground.right = rect.right + 1;
-  fill_cell(dc, ground, hang == 0 ? m_clrHead : GetHangLieBkColor(hang, lie));
+  COLORREF text_color = hang == 0 ? RGB(0, 0, 0) : GetHangLieTextColor(hang, lie);
+  fill_cell(dc, ground, hang == 0 ? m_clrHead : GetHangLieBkColor(hang, lie), text_color);
 
   const bool check = hang > 0 && IsCheck(hang, lie);
   const UINT image = check ? GetCheckImage(hang, lie, GetCheckValue(hang, lie)) : 0;
@@ -115,7 +121,7 @@ void CTableWnd::DrawACell(CDC* dc, int hang, int lie, const CString& text) {
   } else {
     CFont* const old = dc->SelectObject(check ? &m_CheckFont : &m_hFont);
     dc->SetBkMode(TRANSPARENT);
-    dc->SetTextColor(hang == 0 ? RGB(0, 0, 0) : GetHangLieTextColor(hang, lie));
+    dc->SetTextColor(text_color);
     CenterText(dc, hang, lie, rect, text);
     dc->SelectObject(old);
   }
@@ -144,6 +150,7 @@ void CTableWnd::CenterText(CDC* dc, int hang, int lie, const RECT& rect, const C
     const CRect face(rect.left + 4, rect.top + 2, rect.right - 4, rect.bottom - 1);
     const bool sunk = m_bBtnDown && hang == m_nBtnHang && lie == m_nBtnLie;
     dc->FillSolidRect(&face, GetSysColor(COLOR_3DFACE));
+    dc->SetTextColor(readable_color(dc->GetTextColor(), GetSysColor(COLOR_3DFACE)));
     dc->Draw3dRect(&face, sunk ? kMarkDark : kMarkLight, sunk ? kMarkLight : kMarkDark);
     if (sunk) at.Offset(1, 1);
   }
