@@ -96,30 +96,27 @@ void CTableWnd::DrawBmpTitle(CDC* dc, UINT id) {
   draw_table_bitmap(dc, m_rcTable.left + m_nLieShift, 0, id);
 }
 
+// Below the last row too, to the end of the window. A cell's line is its uppermost pixel.
 void CTableWnd::draw_row_lines(CDC* dc, const CRect& client) {
   CRect clip;
-  dc->GetClipBox(&clip);
-  const RowSpan rows = table_rows_between(layout(), std::max(clip.top, LONG{m_nTitleHeight}),
-                                          std::min(clip.bottom, client.bottom));
-  const int first_top = m_rcTable.top + m_nTitleHeight;
-  if (m_arShiftedLie.IsEmpty()) {
-    line(dc, client.left, m_nTitleHeight, client.right, m_nTitleHeight);
-    for (int hang = rows.first; hang <= rows.last; ++hang) {
-      const int y = first_top + hang * m_nHangHeight;
-      line(dc, client.left, y, client.right, y);
-    }
-    return;
-  }
+  if (dc->GetClipBox(&clip) == NULLREGION) return;
+  const int from = std::max(clip.top, LONG{m_nTitleHeight} + 1);
+  const int to = std::min(clip.bottom, client.bottom);
+  const LONGLONG first_top = LONGLONG{m_rcTable.top} + m_nTitleHeight;
+  const auto row_lines = [&](int left, int right, int below) {
+    line(dc, left, m_nTitleHeight, right, m_nTitleHeight);
+    if (m_nHangHeight <= 0) return;
+    const LONGLONG beyond = (from - first_top - below) % m_nHangHeight;
+    const int up_to_line = static_cast<int>(beyond > 0 ? m_nHangHeight - beyond : -beyond);
+    for (int y = from + up_to_line; y < to; y += m_nHangHeight) line(dc, left, y, right, y);
+  };
+  if (m_arShiftedLie.IsEmpty()) return row_lines(client.left, client.right, 0);
   for (int lie = 1; lie <= GetLieCount(); ++lie) {
     RECT cell;
     GetHangLieRect(0, lie, cell);
-    line(dc, cell.left, m_nTitleHeight, cell.right, m_nTitleHeight);
+    if (lie == GetLieCount()) cell.right += 2;
     line(dc, cell.left, m_nTitleHeight - 3, cell.right, m_nTitleHeight - 3);
-    const int start = first_top - (IsLieShifted(lie) ? m_nHangHeight / 2 : 0);
-    for (int hang = std::max(rows.first - 1, 0); hang <= rows.last + 1; ++hang) {
-      const int y = start + hang * m_nHangHeight;
-      if (y > m_nTitleHeight) line(dc, cell.left, y, cell.right, y);
-    }
+    row_lines(cell.left, cell.right, IsLieShifted(lie) ? m_nHangHeight / 2 : 0);
   }
 }
 
