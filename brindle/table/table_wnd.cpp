@@ -108,6 +108,7 @@ void CTableWnd::SetConctrlESC(int control) {
 
 void CTableWnd::SetTableTip(int show) {
   m_bTableTip = show;
+  if (!show) close_tip();
 }
 
 void CTableWnd::SetIfInvalidate(int erase) {
@@ -224,8 +225,13 @@ BOOL CTableWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
 
 BOOL CTableWnd::PreTranslateMessage(MSG* message) {
   if (m_ToolTip.GetSafeHwnd() != nullptr) m_ToolTip.RelayEvent(message);
-  const bool escape = message->message == WM_KEYDOWN && message->wParam == VK_ESCAPE;
-  if (escape && m_bConctrlESC) {
+  const bool key_down = message->message == WM_KEYDOWN;
+  const bool escape = key_down && message->wParam == VK_ESCAPE;
+  // While no editor is shown these go from cell to cell all the same. A dialog gets them, to leave
+  // the grid or to press its default button, only if there is no cell to go to.
+  const bool travels = key_down && message->hwnd == m_hWnd &&
+                       (message->wParam == VK_TAB || message->wParam == VK_RETURN);
+  if ((escape && m_bConctrlESC) || (travels && can_travel())) {
     DispatchMessage(message);
     return TRUE;
   }

@@ -326,6 +326,7 @@ class CTableWnd : public CWnd {
   void OnLButtonUp(UINT flags, CPoint point) override;
   void OnLButtonDblClk(UINT flags, CPoint point) override;
   void OnMouseMove(UINT flags, CPoint point) override;
+  void OnCaptureChanged(CWnd* window) override;
   void OnRButtonDown(UINT flags, CPoint point) override;
   BOOL OnMouseWheel(UINT flags, short delta, CPoint screen) override;
   void OnHScroll(UINT code, UINT position, CWnd* bar) override;
@@ -369,14 +370,17 @@ class CTableWnd : public CWnd {
   CRect editor_rect(int hang, int lie);
   CRect combo_rect(int hang, int lie);
   bool set_combo_text(CComboBox& combo, int hang, int lie);
+  void close_tip();
   void show_tip(const CString& text, const CString& choices, UINT bitmap, CPoint place, bool above);
   void move_to(int hang, int lie);
   void travel(Travel way, int hang, int lie, int& newHang, int& newLie);
   void go(void (CTableWnd::*find)(int, int, int&, int&));
+  bool can_travel();
   void touch_check(int hang, int lie);
   void take_choice(const CString& choice);
 
   // The mouse.
+  int boundary_shift(int i);
   bool start_title_drag(CPoint point);
   void drag_title(CPoint point);
   void click_title(CPoint point);
@@ -386,7 +390,7 @@ class CTableWnd : public CWnd {
 
   // Painting.
   void paint_buffered(CDC* dc);
-  void fill_cell(CDC* dc, const CRect& rect, COLORREF color);
+  void fill_cell(CDC* dc, const CRect& rect, COLORREF color, COLORREF& text_color);
   void draw_selection_mark(CDC* dc, const CRect& rect);
   void draw_small_button(CDC* dc, const CRect& rect, bool hot);
   void draw_row_lines(CDC* dc, const CRect& client);

@@ -219,6 +219,7 @@ void CTableWnd::UpdateAfterDeleteHang(int hang) {
   m_nCurHang = std::min(std::max(m_nCurHang, 1), m_nHangCount);
   tell_owner(WM_TABLE_ROW_CHANGED, static_cast<WPARAM>(m_nCurHang), reinterpret_cast<LPARAM>(this));
   DealVScrollBarChange();
+  InvalidateCell(m_nCurHang, 1);  // the row above, when the last one went
   invalidate_from(hang);
 }
 

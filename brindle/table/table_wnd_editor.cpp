@@ -10,6 +10,8 @@ namespace brindle {
 namespace {
 
 constexpr int kMostItemsShown = 15;
+constexpr int kListBorders = 2;
+constexpr UINT kTextMargin = 4;  // the editor's text stands where the cell's does
 
 // By exact text; the box's own search takes no heed of case.
 int find_item(const CComboBox& combo, const CString& text) {
@@ -28,7 +30,7 @@ void CTableWnd::tell_owner(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void CTableWnd::make_current(int hang, int lie) {
-  if (hang <= m_nVPos) return;
+  if (hang <= m_nVPos || !has_cell(hang, lie)) return;
   const int old = m_nCurHang;
   m_nCurHang = hang;
   m_nCurLie = lie;
@@ -56,7 +58,8 @@ CRect CTableWnd::editor_rect(int hang, int lie) {
   return rect;
 }
 
-// Of the field and the list that drops from it.
+// Of the field and the list that drops from it. The field may be higher than its cell; the list
+// keeps its height.
 CRect CTableWnd::combo_rect(int hang, int lie) {
   CRect rect, client;
   GetHangLieRect(hang, lie, rect);
@@ -64,7 +67,11 @@ CRect CTableWnd::combo_rect(int hang, int lie) {
   rect.left = std::max(rect.left + 1, LONG{covered_width(lie)});
   rect.top = std::max(rect.top + 2, client.top);
   rect.right = std::max(std::min(rect.right - 2, client.right), rect.left);
-  rect.bottom = std::min(rect.bottom, client.bottom) + GetComboHeight(hang, lie);
+  const int list = GetComboHeight(hang, lie);
+  rect.bottom = std::min(rect.bottom, client.bottom) + list;
+  CRect field;
+  if (const CComboBox* const combo = GetComboPtr(hang, lie)) combo->GetWindowRect(&field);
+  rect.bottom = std::max(rect.bottom, rect.top + field.Height() + list + kListBorders);
   return rect;
 }
 
@@ -91,6 +98,7 @@ void CTableWnd::MoveEdit(int hang, int lie) {
     m_Edit.SetWindowText(check ? L"" : m_strEditOld.GetString());
     m_Edit.SetReadOnly(check);  // nothing that is typed in a check cell could be kept
     m_Edit.m_bHaveBtn = !check && button && GetButtonID(hang, lie) >= 0;
+    m_Edit.SetMargins(kTextMargin, m_Edit.m_bHaveBtn ? UINT{CTabEditButton::kWidth} : 0);
     m_nEditHang = hang;
     m_nEditLie = lie;
     m_Edit.CreateButton();

@@ -201,7 +201,10 @@ void CTableWnd::DealHScrollBarChange() {
   if (!EnableHScroll()) return;
   const bool fits = ShuiPingEnough();
   if (m_bHScroll && (!fits || m_nHPos != 0)) {
-    m_nHMax = std::max(m_nHMax, m_nHPos);
+    if (m_nHMax < m_nHPos) {
+      m_nHMax = m_nHPos;
+      m_nMaxLieShift = m_nLieShift;  // or the last step on would lead back
+    }
     if (!fits) set_bar(SB_HORZ, m_nHMin, m_nHMax, m_nHPos);
   } else if (m_bHScroll) {
     _MoveForNoHScroll();

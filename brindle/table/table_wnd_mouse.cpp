@@ -34,11 +34,22 @@ bool CTableWnd::small_button_rect(int hang, int lie, CRect& rect) {
   return true;
 }
 
+// How far a boundary stands from its unscrolled place: as the column before it does, which a
+// derived class may hold fast.
+int CTableWnd::boundary_shift(int i) {
+  const bool one_a_column = m_arDragLie.IsEmpty() && m_arTitlePos.GetSize() == GetLieCount() + 1;
+  if (!one_a_column || i < 1) return m_nLieShift;
+  RECT rect;
+  GetHangLieRect(0, i, rect);
+  return rect.left - table_cell_rect(layout(), 0, i, false).left + m_nLieShift;
+}
+
 bool CTableWnd::start_title_drag(CPoint point) {
-  const int x = point.x - m_nLieShift;
-  if (!m_bTitleDragEnabled || x <= 0) return false;
+  if (!m_bTitleDragEnabled) return false;
   for (int i = 1; i < m_arTitlePos.GetSize(); ++i) {
-    if (std::abs(x - m_arTitlePos[i]) >= kGrip) continue;
+    const int x = point.x - boundary_shift(i);
+    if (x <= 0 || std::abs(x - m_arTitlePos[i]) >= kGrip) continue;
+    if (point.x < covered_width(i)) continue;  // it isn't seen there
     m_bTitleDrag = 1;
     m_nDragIndex = i;
     SetCapture();
@@ -139,7 +150,7 @@ LRESULT CTableWnd::OnTableButtonClick(WPARAM wParam, LPARAM lParam) {
 
 void CTableWnd::drag_title(CPoint point) {
   const int i = m_nDragIndex, count = static_cast<int>(m_arTitlePos.GetSize());
-  const int x = point.x - m_nLieShift;
+  const int x = point.x - boundary_shift(i);
   if (i < 1 || i >= count - 1 || x - m_arTitlePos[i - 1] <= kClosest ||
       m_arTitlePos[i + 1] - x <= kClosest) {
     m_bTitleDrag = 0;
@@ -180,6 +191,14 @@ void CTableWnd::OnMouseMove(UINT, CPoint point) {
     InvalidateCell(hot_hang, hot_lie);
   }
   SetCursor(LoadCursor(nullptr, hot ? IDC_HAND : IDC_ARROW));
+}
+
+// A message box or another program took the mouse away in the middle of it.
+void CTableWnd::OnCaptureChanged(CWnd*) {
+  m_bTitleDrag = 0;
+  if (!m_bBtnDown) return;
+  m_bBtnDown = 0;
+  InvalidateCell(m_nBtnHang, m_nBtnLie);
 }
 
 BOOL CTableWnd::OnSetCursor(CWnd* window, UINT hit_test, UINT message) {

@@ -10,10 +10,14 @@ constexpr UINT kCellButtonId = 2;
 
 }  // namespace
 
-void CTableWnd::show_tip(const CString& text, const CString& choices, UINT bitmap, CPoint place,
-                         bool above) {
+void CTableWnd::close_tip() {
   delete m_pTip;
   m_pTip = nullptr;
+}
+
+void CTableWnd::show_tip(const CString& text, const CString& choices, UINT bitmap, CPoint place,
+                         bool above) {
+  close_tip();
   if (text.IsEmpty() && choices.IsEmpty() && bitmap == 0) return;
   m_pTip = new CPopupTip;
   m_pTip->SetTip(text, choices, bitmap);
@@ -26,7 +30,9 @@ void CTableWnd::Disp_Hint(CPoint point, CString text) {
 }
 
 void CTableWnd::Disp_Hint(int hang, int lie) {
-  if (!m_bTableTip || !has_window() || !has_cell(hang, lie)) return;
+  if (!m_bTableTip || !has_window()) return;
+  close_tip();
+  if (hang < 0 || hang > m_nHangCount || lie < 1 || lie > GetLieCount()) return;
   RECT rect;
   GetHangLieRect(hang, lie, rect);
   CPoint place(rect.left, m_bTipAbove ? rect.top - kTipAbove : rect.bottom + kTipBelow);
@@ -59,18 +65,14 @@ void CTableWnd::Disp_Button(int hang, int lie) {
 }
 
 void CTableWnd::ClearDirty(int keepIfMouseInside) {
-  if (m_pTip != nullptr && !(keepIfMouseInside && m_pTip->mouse_in_list())) {
-    delete m_pTip;
-    m_pTip = nullptr;
-  }
+  if (m_pTip != nullptr && !(keepIfMouseInside && m_pTip->mouse_in_list())) close_tip();
   m_Edit.destroy_helpers();
   delete m_pCellButton;
   m_pCellButton = nullptr;
 }
 
 LRESULT CTableWnd::OnTableClearHint(WPARAM, LPARAM) {
-  delete m_pTip;
-  m_pTip = nullptr;
+  close_tip();
   return 0;
 }
 

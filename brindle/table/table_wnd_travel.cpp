@@ -36,9 +36,15 @@ void CTableWnd::go(void (CTableWnd::*find)(int, int, int&, int&)) {
   commit_pending();
   int hang = m_nEditHang, lie = m_nEditLie;
   (this->*find)(m_nEditHang, m_nEditLie, hang, lie);
-  if (hang < 1 || hang > m_nHangCount || !CanEdit(hang, lie)) return;
+  if (!has_cell(hang, lie) || !CanEdit(hang, lie)) return;
   bring_into_view(hang, lie);
   move_to(hang, lie);
+}
+
+bool CTableWnd::can_travel() {
+  int hang = m_nEditHang, lie = m_nEditLie;
+  GetNextEditPos(m_nEditHang, m_nEditLie, hang, lie);
+  return has_cell(hang, lie) && CanEdit(hang, lie);
 }
 
 void CTableWnd::move_to(int hang, int lie) {

@@ -6,6 +6,8 @@
 #include <set>
 #include <vector>
 
+#include "brindle/platform/graphics/recording_device.h"
+#include "brindle/platform/graphics/system_metrics.h"
 #include "brindle/platform/window/message_loop.h"
 #include "brindle/platform/window/window_input.h"
 #include "brindle/platform/window/window_picture.h"
@@ -163,6 +165,14 @@ TEST_F(TableWnd, ColumnsScrollInUnitsWithTheRemainderLast) {
     grid.SendMessage(WM_HSCROLL, step.code);
     EXPECT_EQ(grid.m_nLieShift, step.shift);
   }
+  // A step on never leads back when the columns shrank.
+  grid.SendMessage(WM_HSCROLL, SB_BOTTOM);
+  const int furthest = grid.m_nLieShift;
+  grid.widths = {100, 200, 150};
+  grid.UpdateTable();
+  grid.SendMessage(WM_HSCROLL, SB_LINEUP);
+  grid.SendMessage(WM_HSCROLL, SB_LINEDOWN);
+  EXPECT_EQ(grid.m_nLieShift, furthest);
 }
 
 TEST_F(TableWnd, HitTestEqualsTheWalkOverAllCells) {
@@ -213,7 +223,7 @@ TEST_F(TableWnd, SelectsOneSeveralOrARange) {
   EXPECT_TRUE(grid.m_arSelHang.IsEmpty());
 }
 
-// Each way leads away from an editor in which something was typed.
+// Each way leads away from an editor, or a list with an edit field, in which something was typed.
 TEST_F(TableWnd, WhatWasTypedIsCommittedWhicheverWayLeadsAway) {
   const struct {
     const char* name;
@@ -221,11 +231,15 @@ TEST_F(TableWnd, WhatWasTypedIsCommittedWhicheverWayLeadsAway) {
   } ways[] = {
       {"click", [](Grid& g) { g.click(3, 3); }},
       {"click on a closed cell, then out", [](Grid& g) { g.click(3, 1), g.click(4, 3); }},
-      {"tab", [](Grid& g) { g.m_Edit.SendMessage(WM_KEYDOWN, VK_TAB); }},
+      {"tab", [](Grid& g) { route_key_press(*g.GetParent(), VK_TAB); }},
       {"up", [](Grid& g) { g.m_Edit.SendMessage(WM_KEYDOWN, VK_DOWN); }},
       {"scroll", [](Grid& g) { g.SendMessage(WM_VSCROLL, SB_PAGEDOWN); }},
       {"wheel",
        [](Grid& g) { g.SendMessage(WM_MOUSEWHEEL, static_cast<WPARAM>(DWORD{0xff880000})); }},
+      {"scroll across", [](Grid& g) { g.SendMessage(WM_HSCROLL, SB_LINEDOWN); }},
+      {"check", [](Grid& g) { g.click(6, 2); }},
+      {"right click", [](Grid& g) { g.SendMessage(WM_RBUTTONDOWN, 0, MAKELPARAM(50, 100)); }},
+      {"text dump", [](Grid& g) { g.OutPutTable(nullptr, 1, 40, 0); }},
       {"refresh", [](Grid& g) { g.UpdateTable(); }},
       {"resize", [](Grid& g) { g.ResetSize(300, 200, 0); }},
       {"focus", [](Grid& g) { g.GetParent()->SetFocus(); }},
@@ -239,20 +253,27 @@ TEST_F(TableWnd, WhatWasTypedIsCommittedWhicheverWayLeadsAway) {
   };
   for (const auto& way : ways) {
     for (const bool refuse : {false, true}) {
+      const bool in_list = refuse;
       SCOPED_TRACE(way.name);
       Owner parent;
       Grid g;
+      g.widths = {40, 80, 80, 180};
+      g.checks = {{6, 2}};
       g.open(parent, 280, 230);
       g.combos = {{5, 4}};
-      g.combo.Create(WS_CHILD | CBS_DROPDOWNLIST, CRect(0, 0, 50, 100), &g, 50);
+      if (in_list) g.combos.insert({2, 2});
+      g.combo.Create(WS_CHILD | CBS_DROPDOWN, CRect(0, 0, 50, 100), &g, 50);
       g.refuse = refuse;
       // A table that is rebuilt under the commit must neither commit twice nor lose it.
       g.on_commit = [&] { g.UpdateTable(); };
       g.click(2, 2);
-      ASSERT_TRUE(g.editing());
-      EXPECT_EQ(g.edit_text(), L"2B");
-      g.m_Edit.SetSel(0, -1);
-      g.m_Edit.ReplaceSel(L"new");
+      ASSERT_EQ(g.editing(), !in_list);
+      CEdit& field = in_list ? *g.combo.edit_control() : g.m_Edit;
+      CString arrived;
+      field.GetWindowText(arrived);
+      EXPECT_EQ(arrived, L"2B");
+      field.SetSel(0, -1);
+      field.ReplaceSel(L"new");
       way.leave(g);
       EXPECT_EQ(g.committed, (std::vector<Grid::Committed>{{2, 2, L"new"}}));
     }
@@ -325,6 +346,20 @@ TEST_F(TableWnd, KeysTravelOverClosedCellsAndScroll) {
   EXPECT_TRUE(grid.committed.empty());
 }
 
+TEST_F(TableWnd, KeysStayWhereNoCellCanBeEdited) {
+  grid.rows = 3;
+  for (int hang = 1; hang <= 3; ++hang) grid.closed.insert({{hang, 2}, {hang, 3}, {hang, 4}});
+  open();
+  grid.SetFocus();
+  for (const UINT key : {VK_DOWN, VK_LEFT, VK_UP, VK_TAB}) {
+    EXPECT_FALSE(route_key(owner, key, true));  // nor are keys kept from a dialog
+    EXPECT_EQ((Cell{grid.m_nEditHang, grid.m_nEditLie}), (Cell{1, 1}));
+  }
+  grid.closed.erase({2, 3});
+  EXPECT_TRUE(route_key(owner, VK_TAB, true));
+  EXPECT_EQ((Cell{grid.m_nEditHang, grid.m_nEditLie}), (Cell{2, 3}));
+}
+
 TEST_F(TableWnd, ACommitThatGreysTheNextCellIsMindedOnTheWay) {
   open();
   grid.on_commit = [&] { grid.closed = {{1, 3}}; };
@@ -338,7 +373,7 @@ TEST_F(TableWnd, BoxesCommitTheTextChosen) {
   grid.combos = {{2, 3}};
   grid.texts[{2, 3}] = L"two";
   open();
-  grid.combo.Create(WS_CHILD | CBS_DROPDOWNLIST, CRect(0, 0, 50, 100), &grid, 50);
+  grid.combo.Create(WS_CHILD | WS_VSCROLL | CBS_DROPDOWNLIST, CRect(0, 0, 50, 100), &grid, 50);
   for (const wchar_t* text : {L"TWO", L"one", L"two"}) grid.combo.AddString(text);
   grid.click(2, 3);
   EXPECT_EQ(grid.combo.GetCurSel(), 2);
@@ -347,6 +382,13 @@ TEST_F(TableWnd, BoxesCommitTheTextChosen) {
   EXPECT_EQ(grid.committed, (std::vector<Grid::Committed>{{2, 3, L"one"}}));
   EXPECT_TRUE(grid.editing());
   EXPECT_FALSE(grid.combo.IsWindowVisible());
+  // A short list drops whole; the bar asked for isn't the field's.
+  grid.click(2, 3);
+  CRect field, dropped;
+  grid.combo.GetWindowRect(&field);
+  grid.combo.GetDroppedControlRect(&dropped);
+  EXPECT_GE(dropped.Height(), field.Height() + 3 * grid.combo.GetItemHeight(0) + 2);
+  EXPECT_EQ(grid.combo.GetStyle() & WS_VSCROLL, 0u);
 }
 
 TEST_F(TableWnd, ButtonsTellTheirCellInTheOrderOfTheirKind) {
@@ -382,6 +424,15 @@ TEST_F(TableWnd, BoundariesKeepTheirDistance) {
   EXPECT_EQ(grid.m_arTitlePos[2], 136);
   grid.click(0, 2);
   EXPECT_EQ(grid.title_clicked, 2);
+  // Scrolled across, boundaries are where the user sees them.
+  grid.ResetSize(180, 230, 0);
+  grid.SendMessage(WM_HSCROLL, SB_PAGEDOWN);
+  ASSERT_EQ(grid.m_nLieShift, -35);
+  drag(136, 120);
+  EXPECT_EQ(grid.m_arTitlePos[2], 136);
+  drag(136 - 35, 111);
+  EXPECT_EQ(grid.m_arTitlePos[2], 146);
+  EXPECT_EQ(grid.m_arLieWidth[1], 106u);
 }
 
 TEST_F(TableWnd, LastRowOfAShiftedColumnTakesNoClick) {
@@ -448,6 +499,42 @@ TEST_F(TableWnd, ScrollingPaintsTheSameAsPaintingAnew) {
     grid.Invalidate(TRUE);
     EXPECT_EQ(scrolled, window_picture(grid)) << code;
   }
+}
+
+TEST_F(TableWnd, EachCellHasItsLineAboveAndLinesGoOnBelowTheLast) {
+  grid.rows = 3;
+  grid.m_arShiftedLie.Add(3);
+  grid.m_nHangHeight = 21;
+  grid.m_bDrawBorder = 0;
+  open();
+  const RasterBitmap picture = window_picture(grid);
+  for (int hang = 1; hang <= 9; ++hang) {
+    for (const int lie : {2, 3}) {
+      RECT cell;
+      grid.GetHangLieRect(hang, lie, cell);
+      EXPECT_EQ(picture.row(cell.top)[cell.left + 9], 0xff808080) << hang << " " << lie;
+    }
+  }
+}
+
+// The desktop's face colour, which may be dark, is the ground of closed cells and heads.
+TEST_F(TableWnd, TextCanBeReadWhateverTheFaceColorIs) {
+  grid.closed = {{1, 2}};
+  open();
+  const int face = COLOR_3DFACE;
+  const COLORREF usual = GetSysColor(face);
+  for (const COLORREF color : {0xF0F0F0, 0x808080, 0x323232, 0}) {
+    SetSysColors(1, &face, &color);
+    for (const int lie : {1, 2}) {
+      RecordingDevice device;
+      CDC dc(device);
+      grid.DrawACell(&dc, 1, lie, L"text");
+      ASSERT_FALSE(device.calls().empty());
+      const COLORREF drawn = device.calls().back().state.text_color;
+      EXPECT_EQ(drawn, readable_color(drawn, color)) << std::hex << color;
+    }
+  }
+  SetSysColors(1, &face, &usual);
 }
 
 }  // namespace
