@@ -194,9 +194,11 @@ void CComboBox::close_list(bool take) {
   const int chosen = dropped_->highlight;
   dropped_->ShowWindow(SW_HIDE);
   Invalidate();
+  // Who is told of the end can ask for the row that was taken.
+  const bool changed = take && list_.good(chosen) && chosen != current_;
+  if (changed) SetCurSel(chosen);
   notify_parent(take ? CBN_SELENDOK : CBN_SELENDCANCEL);
-  if (m_hWnd != handle) return;
-  if (take) user_select(chosen);
+  if (changed && m_hWnd == handle) notify_parent(CBN_SELCHANGE);
   if (m_hWnd == handle) notify_parent(CBN_CLOSEUP);
 }
 
