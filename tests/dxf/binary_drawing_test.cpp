@@ -6,71 +6,25 @@
 #include "brindle/dxf/binary_drawing.h"
 #include "brindle/dxf/dxf_3d.h"
 #include "brindle/platform/base/utf16.h"
-#include "tests/dxf/drawing_file.h"
+#include "tests/dxf/sample_drawings.h"
 
 namespace brindle {
 namespace {
 
 using namespace Varnholt;
 
-// Every kind, with values away from their defaults.
+// Every kind, with what the text forms don't tell.
 void fill(DXF& dxf) {
   dxf.New_MemDxf();
-  dxf.m_dLtScale = 2.5;
-  const float dashes[] = {0.5f, -0.25f, 0};
-  dxf.Add_LType(L"DASHDOT", L"- . -", 3, 0.75f, dashes, 3);
-  dxf.Add_Layer(L"钢筋", -3, L"DASHDOT");
-  dxf.Add_STyle(L"HZ", L"txt", L"hztxt", 2, 0.7);
-  dxf.Add_DimStyle(L"QX", 1, 2, 3, 4, 5, 2, L"HZ", 6, L"", 7, 8, 9, 3);
-  dxf.Write_Point(1, 2, 3, L"钢筋");
-  dxf.Write_Line(1, 2, 3, 4, 5, 6, 2, L"钢筋", L"1", L"DASHDOT")->SetXData1(77);
-  dxf.Write_Circle(1, 2, 3, 4, 2, L"0", L"BYLAYER", L"BYLAYER");
-  dxf.Write_Arc(1, 2, 3, 4, 30, 60, 2, L"0", L"2", L"CONTINUOUS");
-  ACAD_TEXT* text =
-      dxf.Write_Text(1, 2, 0, 3, 45, L"梁 4%%13220", L"HZ", L"钢筋", L"3", L"BYLAYER");
-  text->m_nHAlign = text->m_nVAlign = 2;
-  text->x2 = 9;
-  text->m_bOpaque = text->m_bItalic = 1;
-  const double x[] = {0, 10, 10}, y[] = {0, 0, 10}, z[] = {1, 1, 1}, bulge[] = {0, 0.5, 0};
-  const double start[] = {1, 2, 3}, end[] = {4, 5, 6};
-  dxf.Write_Pline(3, x, y, z, bulge, 1, start, end, 1.5, L"钢筋", L"4", L"DASHDOT");
-  dxf.Write_Solid(0, 0, 0, 1, 0, 0, 0, 1, 0, 1, 1, 0, L"0", L"5", L"BYLAYER");
-  dxf.Write_3DFace(0, 0, 1, 1, 0, 2, 0, 1, 3, 1, 1, 4, L"0", L"6", L"BYLAYER");
-  CArray<double> hx, hy, hb;
-  for (int i = 0; i < 3; ++i) {
-    hx.Add(x[i]);
-    hy.Add(y[i]);
-    hb.Add(bulge[i]);
-  }
-  ACAD_HATCH* hatch = dxf.Write_Hatch(hx, hy, hb, L"", L"", 2.0, 30.0, true, false, 1, L"0", L"1");
-  auto* path = new HATCH_BOUNDARY_DATA;
-  for (int type = kHatchLine; type <= kHatchSpline; ++type) {
-    path->m_Edges.emplace_back(HATCH_EDGE_DATA::create(type));
-  }
-  auto& spline = static_cast<HATCH_SPLINE_EDGEDATA&>(*path->m_Edges.back());
-  spline.m_Knots = {0, 0, 1, 1};
-  spline.m_Controls = {{1, 2}, {3, 4}};
-  path->m_Sources = {0x2A};
-  hatch->setBoundary(path);
-  auto* family = new HATCH_PATTERN_DATA;
-  family->m_dOffsetY = 3;
-  family->m_Dashes = {1, -1};
-  hatch->m_Patterns.AddTail(family);
-  dxf.Write_Dimension(L"QX", 0, 20, 0, 5, 22, 0, 0, 0, 0, 0, L"100", 0, 0, 0, 10, 0, 0, 0, 0, 0, 0,
-                      0, 0, 50, 0, 2, 1, L"TL", L"钢筋", L"2", L"BYLAYER");
-  auto* block = new ACAD_BLOCK;
-  block->m_szName = L"柱";
-  block->m_szLayer = L"钢筋";
-  block->x = 5;
-  auto* inner = new ACAD_LINE;
-  inner->m_szLayer = L"钢筋";
-  block->m_Entities.AddTail(inner);
-  dxf.m_Blocks.AddTail(block);
-  auto* insert = new ACAD_INSERT;
-  insert->m_szBlock = L"柱";
-  insert->m_dAngle = 30;
-  dxf.m_Entities.AddTail(insert);
-  dxf.Write_Wipeout(0.0, 0.0, 5.0, 4.0, L"0", L"1", L"BYLAYER");
+  draw_simple_kinds(dxf);
+  draw_areas(dxf);
+  draw_references(dxf);
+  dxf.m_pLType[1].m_dScale = 3;
+  ACAD_TEXT& text = *all_of<ACAD_TEXT>(dxf.m_Entities)[0];
+  text.m_bOpaque = text.m_bItalic = 1;
+  dxf.find_block(L"节点1")->m_szLayer = L"钢筋";
+  auto& hatch = *all_of<ACAD_HATCH>(dxf.m_Entities).back();
+  static_cast<HATCH_BOUNDARY_DATA*>(hatch.m_Boundaries.GetTail())->m_Sources = {0x2A};
 }
 
 TEST(BinaryDrawing, KeepsTheModel) {
@@ -88,16 +42,11 @@ TEST(BinaryDrawing, KeepsTheModel) {
     save(copy, ac1015, folder / "copy.dxf");
     expect_text(text_of(folder / "copy.dxf"), text_of(folder / "original.dxf"));
   }
-  // What the text forms don't tell.
   EXPECT_EQ(copy.m_pLType[1].m_dScale, 3);
-  EXPECT_EQ(copy.m_pDimStyle[1].m_szTxtStyle, L"HZ");
-  const auto texts = all_of<ACAD_TEXT>(copy.m_Entities);
-  ASSERT_EQ(texts.size(), 1u);
-  EXPECT_EQ(texts[0]->m_bOpaque + texts[0]->m_bItalic, 2);
-  const ACAD_BLOCK* block = copy.find_block(L"柱");
-  ASSERT_NE(block, nullptr);
-  EXPECT_EQ(block->m_szLayer, L"钢筋");
-  EXPECT_EQ(all_of<ACAD_HATCH>(copy.m_Entities)[0]->m_Boundaries.GetCount(), 2);
+  EXPECT_EQ(copy.find_dimstyle(L"标注")->m_szTxtStyle, L"HZ");
+  const ACAD_TEXT& text = *all_of<ACAD_TEXT>(copy.m_Entities)[0];
+  EXPECT_TRUE(text.m_bOpaque == 1 && text.m_bItalic == 1);
+  EXPECT_EQ(copy.find_block(L"节点1")->m_szLayer, L"钢筋");
   // A dimension added to it doesn't take the name of one that was loaded.
   EXPECT_EQ(copy.m_nDimBlockCount, original.m_nDimBlockCount);
   ASSERT_NE(copy.Write_Line(0, 0, 0, 1, 1, 1, 1, L"钢筋", L"1", L"DASHDOT"), nullptr);
