@@ -12,13 +12,23 @@ namespace brindle {
 
 namespace {
 
-constexpr COLORREF kHeadGround = 0xC0C0C0, kSelectedGround = 0xE6DCA0;
+constexpr COLORREF kHeadGround = 0xC0C0C0, kSelectedGround = 0xE6DCA0, kHotGround = kSelectedGround;
 constexpr COLORREF kCurrentHeadText = 0x646464, kClosedText = 0x808080;
 constexpr COLORREF kMarkDark = 0x505050, kMarkLight = 0xFFFFFF;
 
 COLORREF lighter(COLORREF color, int by) {
   const auto channel = [by](int value) { return std::clamp(value + by, 0, 255); };
   return RGB(channel(GetRValue(color)), channel(GetGValue(color)), channel(GetBValue(color)));
+}
+
+// The desktop chooses its face colour, and it may be dark: text on it is made readable. Thin
+// strokes come out fainter than their colour, which shows on a dark ground, so there more is asked
+// for.
+COLORREF readable_on_face(COLORREF text) {
+  constexpr int kFainter = 40, kDark = 0x60;
+  const COLORREF face = GetSysColor(COLOR_3DFACE), readable = readable_color(text, face);
+  const bool dark = GetRValue(face) + GetGValue(face) + GetBValue(face) < 3 * kDark;
+  return dark ? readable_color(readable, lighter(face, kFainter)) : readable;
 }
 
 // Top five sixths in steps from a darker to a lighter tone of the face colour, the rest in the
@@ -59,8 +69,7 @@ COLORREF CTableWnd::GetHangLieBkColor(int hang, int lie) {
   return open ? m_clrEdit : m_clrNoEdit;
 }
 
-// The desktop chooses its face colour, and it may be dark: text on it is made readable. On the
-// grid's and the tool's own colours text has the colour that it was given.
+// On the grid's and the tool's own colours text has the colour that it was given.
 void CTableWnd::fill_cell(CDC* dc, const CRect& rect, COLORREF color, COLORREF& text_color) {
   const COLORREF face = GetSysColor(COLOR_3DFACE);
   const bool closed = color == m_clrNoEdit;
@@ -69,7 +78,7 @@ void CTableWnd::fill_cell(CDC* dc, const CRect& rect, COLORREF color, COLORREF& 
   } else {
     dc->FillSolidRect(&rect, closed ? face : color);
   }
-  if (color == m_clrHead || closed) text_color = readable_color(text_color, face);
+  if (color == m_clrHead || closed) text_color = readable_on_face(text_color);
 }
 
 void CTableWnd::draw_selection_mark(CDC* dc, const CRect& rect) {
@@ -90,7 +99,7 @@ void CTableWnd::draw_selection_mark(CDC* dc, const CRect& rect) {
 }
 
 void CTableWnd::draw_small_button(CDC* dc, const CRect& rect, bool hot) {
-  const COLORREF face = GetSysColor(COLOR_3DFACE), ground = hot ? lighter(face, 20) : face;
+  const COLORREF ground = hot ? kHotGround : GetSysColor(COLOR_3DFACE);
   dc->FillSolidRect(&rect, ground);
   dc->Draw3dRect(&rect, kMarkLight, kMarkDark);
   const int y = (rect.top + rect.bottom) / 2;
@@ -150,7 +159,7 @@ void CTableWnd::CenterText(CDC* dc, int hang, int lie, const RECT& rect, const C
     const CRect face(rect.left + 4, rect.top + 2, rect.right - 4, rect.bottom - 1);
     const bool sunk = m_bBtnDown && hang == m_nBtnHang && lie == m_nBtnLie;
     dc->FillSolidRect(&face, GetSysColor(COLOR_3DFACE));
-    dc->SetTextColor(readable_color(dc->GetTextColor(), GetSysColor(COLOR_3DFACE)));
+    dc->SetTextColor(readable_on_face(dc->GetTextColor()));
     dc->Draw3dRect(&face, sunk ? kMarkDark : kMarkLight, sunk ? kMarkLight : kMarkDark);
     if (sunk) at.Offset(1, 1);
   }
