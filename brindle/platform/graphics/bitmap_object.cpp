@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "brindle/platform/graphics/dc.h"
 #include "brindle/platform/graphics/gdi_objects.h"
 #include "brindle/platform/graphics/raster_bitmap.h"
 
@@ -25,8 +26,16 @@ void read_row(const BYTE* bits, UINT bits_per_pixel, std::uint32_t* out, int wid
 
 }  // namespace
 
-BOOL CBitmap::CreateCompatibleBitmap(CDC*, int width, int height) {
-  return CreateBitmap(width, height, 1, 32, nullptr);
+BOOL CBitmap::CreateCompatibleBitmap(CDC* dc, int width, int height) {
+  const PaintDevice* device = dc != nullptr ? dc->device() : nullptr;
+  const RasterBitmap* like = device != nullptr ? dc->device()->pixels() : nullptr;
+  if (like == nullptr || like->grid().is_plain())
+    return CreateBitmap(width, height, 1, 32, nullptr);
+  PixelGrid grid = like->grid();
+  grid.width = width;
+  grid.height = height;
+  auto pixels = std::make_shared<RasterBitmap>();
+  return pixels->create(grid, kBlack) && Attach(std::move(pixels));
 }
 
 BOOL CBitmap::CreateBitmap(int width, int height, UINT planes, UINT bits_per_pixel,
@@ -82,10 +91,10 @@ int CBitmap::GetObject(int count, void* out) const {
   BITMAP bitmap;
   if (out == nullptr) return sizeof bitmap;
   if (count < static_cast<int>(sizeof bitmap)) return 0;
-  bitmap.bmWidth = pixels_->width();
-  bitmap.bmHeight = pixels_->height();
+  bitmap.bmWidth = pixels_->grid().width;
+  bitmap.bmHeight = pixels_->grid().height;
   bitmap.bmWidthBytes = pixels_->width() * 4;
-  bitmap.bmBits = pixels_->data();
+  bitmap.bmBits = pixels_->grid().is_plain() ? pixels_->data() : nullptr;
   std::memcpy(out, &bitmap, sizeof bitmap);
   return sizeof bitmap;
 }

@@ -44,9 +44,11 @@ struct Source {
   CRect from;
   RasterBitmap copy;
 
-  Source(HDC target, HDC source, const CRect& box) : from(box) {
+  Source(HDC target, HDC source, CRect box) : from(box) {
     picture = ready(source) ? source->device->pixels() : nullptr;
-    if (picture == nullptr || picture != target->device->pixels()) return;
+    if (picture == nullptr) return;
+    from = box = source->device->to_pixels(box);
+    if (picture != target->device->pixels()) return;
     CRect upright = box;
     upright.NormalizeRect();
     copy = part_of(*picture, upright);
@@ -97,7 +99,7 @@ BOOL TransparentBlt(HDC hdc, int x, int y, int width, int height, HDC source, in
   if (!ready(hdc) || !ready(source) || source->device->pixels() == nullptr) return FALSE;
   CRect box = mapped(source, source_x, source_y, source_width, source_height);
   box.NormalizeRect();
-  RasterBitmap part = part_of(*source->device->pixels(), box);
+  RasterBitmap part = part_of(*source->device->pixels(), source->device->to_pixels(box));
   if (part.empty()) return FALSE;
   const std::uint32_t key = argb_of(transparent_color) & 0xffffff;
   for (int row = 0; row < part.height(); ++row) {

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "brindle/platform/graphics/raster_bitmap.h"
-#include "brindle/platform/graphics/raster_device.h"
+#include "brindle/platform/graphics/scaled_device.h"
 
 namespace brindle {
 namespace {
@@ -48,14 +48,19 @@ bool DeviceContext::select(CBitmap& bitmap) {
   if (!is_memory || bitmap.pixels() == nullptr) return false;
   now.bitmap.select(&bitmap);
   now.pixels = bitmap.pixels();
-  static_cast<RasterDevice*>(device)->set_target(now.pixels);
+  draw_on_pixels();
   return true;
 }
 
 void DeviceContext::restore(size_t level) {
   now = saved[level];
   saved.resize(level);
-  if (is_memory) static_cast<RasterDevice*>(device)->set_target(now.pixels);
+  if (is_memory) draw_on_pixels();
+}
+
+void DeviceContext::draw_on_pixels() {
+  own_device = make_raster_device(now.pixels, device->caps(LOGPIXELSX));
+  device = own_device.get();
 }
 
 CPen* DeviceContext::pen() {

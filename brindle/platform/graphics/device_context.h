@@ -83,6 +83,8 @@ struct DeviceContext {
   CRect to_device(const CRect& box) const;
 
  private:
+  void draw_on_pixels();
+
   // Stand for user's objects that were destroyed while they were selected.
   CPen pen_left_;
   CBrush brush_left_;

@@ -162,7 +162,8 @@ class CFont : public CGdiObject {
 // one bit a pixel stands for black and white.
 class CBitmap : public CGdiObject {
  public:
-  // Black, of the extent given; FALSE for an extent that no bitmap can have.
+  // Black, of the extent given, with as many pixels a unit as `dc` has; FALSE for an extent that no
+  // bitmap can have.
   BOOL CreateCompatibleBitmap(CDC* dc, int width, int height);
   // `bits` (may be null) are rows from the top down: of 1 bit a pixel, the highest first, each row
   // filled up to 16 bits; or of 32 bits 0x00rrggbb (24 bits: blue, green, red; rows to 16 bits).

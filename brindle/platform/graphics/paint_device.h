@@ -114,6 +114,8 @@ class PaintDevice {
                                   int vertex_count, const unsigned* indexes, int triangles) = 0;
   // The pixels behind the device, null when it has none.
   virtual RasterBitmap* pixels() { return nullptr; }
+  // The part of pixels() that a box of device units covers.
+  virtual CRect to_pixels(const CRect& box) const { return box; }
   // Pages of a printer, comments of a metafile; true when the device makes use of it.
   virtual bool start_page() { return false; }
   virtual bool end_page() { return false; }

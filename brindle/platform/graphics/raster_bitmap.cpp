@@ -17,6 +17,13 @@ bool RasterBitmap::create(int width, int height, std::uint32_t argb) {
     return false;
   }
   width_ = width, height_ = height;
+  grid_ = {1, 0, 0, width, height};
+  return true;
+}
+
+bool RasterBitmap::create(const PixelGrid& grid, std::uint32_t argb) {
+  if (!create(grid.x(grid.width), grid.y(grid.height), argb)) return false;
+  grid_ = grid;
   return true;
 }
 

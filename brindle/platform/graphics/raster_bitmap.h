@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "brindle/platform/base/types.h"
+#include "brindle/platform/graphics/pixel_grid.h"
 
 namespace brindle {
 
@@ -34,6 +35,11 @@ class RasterBitmap {
   // above kMaxSide, for more than kMaxBytes, and when there is no memory.
   bool create(int width, int height, std::uint32_t argb = 0xffffffff);
 
+  // The same for a picture whose extent is told in units of a grid. The grid stays with the pixels,
+  // so that whoever paints on them does it in units.
+  bool create(const PixelGrid& grid, std::uint32_t argb = 0xffffffff);
+  const PixelGrid& grid() const { return grid_; }
+
   int width() const { return width_; }
   int height() const { return height_; }
   bool empty() const { return pixels_.empty(); }
@@ -59,6 +65,7 @@ class RasterBitmap {
 
  private:
   int width_ = 0, height_ = 0;
+  PixelGrid grid_;
   std::vector<std::uint32_t> pixels_;
 };
 

@@ -30,10 +30,6 @@ CRect rect_of(const QRect& rect) {
   return CRect(rect.left(), rect.top(), rect.left() + rect.width(), rect.top() + rect.height());
 }
 
-bool is_whole(qreal value) {
-  return value == std::floor(value);
-}
-
 }  // namespace
 
 QtWindow::QtWindow(CWnd& window, QWidget* owner, Qt::WindowFlags flags)
@@ -99,19 +95,23 @@ void QtWindow::paintEvent(QPaintEvent* event) {
   CRect frame;
   window_->GetWindowRect(frame);
   QPainter painter(this);
-  if (picture_.width() != frame.Width() || picture_.height() != frame.Height())
-    picture_.create(frame.Width(), frame.Height());
-  if (picture_.empty()) return painter.fillRect(event->rect(), palette().window());
-  // A magnified pixel may reach over the edge of the part.
-  const bool magnified = !is_whole(devicePixelRatioF());
-  const int margin = magnified ? 1 : 0;
+  const PixelGrid grid{devicePixelRatioF(), 0, 0, frame.Width(), frame.Height()};
+  if (picture_.grid() != grid && !picture_.create(grid))
+    return painter.fillRect(event->rect(), palette().window());
   const QImage image(reinterpret_cast<const uchar*>(picture_.data()), picture_.width(),
                      picture_.height(), QImage::Format_RGB32);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform, magnified);
+  // The picture's pixels are the screen's, wherever the layout put the widget between them.
+  const QTransform device = painter.deviceTransform();
+  painter.setWorldTransform(
+      QTransform::fromTranslate(std::round(device.dx()), std::round(device.dy())) *
+      device.inverted());
+  const int margin = grid.is_plain() ? 0 : 1;
   for (const QRect& part : exposed) {
-    const QRect area = part.adjusted(-margin, -margin, margin, margin) & image.rect();
-    draw_window(*window_, picture_, rect_of(area));
-    painter.drawImage(area.topLeft(), image, area);
+    const CRect area = rect_of(part.adjusted(-margin, -margin, margin, margin));
+    draw_window(*window_, picture_, area);
+    const CRect pixels = grid.box(area) & CRect(0, 0, picture_.width(), picture_.height());
+    painter.drawImage(pixels.left, pixels.top, image, pixels.left, pixels.top, pixels.Width(),
+                      pixels.Height());
   }
 }
 
@@ -131,12 +131,17 @@ void QtWindow::resizeEvent(QResizeEvent*) {
 }
 
 void QtWindow::closeEvent(QCloseEvent* event) {
-  event->ignore();
   if (window_ != nullptr) route_close(*window_);
+  // An application that quits asks all its windows.
+  event->setAccepted(window_ == nullptr || !isVisible());
 }
 
-void QtWindow::focusInEvent(QFocusEvent*) {
+void QtWindow::focusInEvent(QFocusEvent* event) {
   if (window_ != nullptr) route_activate(*window_, true);
+  const bool forwards = event->reason() == Qt::TabFocusReason;
+  const bool backwards = event->reason() == Qt::BacktabFocusReason;
+  if (window_ != nullptr && !isWindow() && (forwards || backwards))
+    route_tab_in(*window_, backwards);
 }
 
 void QtWindow::focusOutEvent(QFocusEvent* event) {
@@ -147,10 +152,8 @@ void QtWindow::focusOutEvent(QFocusEvent* event) {
 }
 
 bool QtWindow::focusNextPrevChild(bool next) {
-  const CWnd* focus = CWnd::GetFocus();
-  if (isWindow() || window_ == nullptr || focus == nullptr) return false;
-  const LRESULT wanted = const_cast<CWnd*>(focus)->SendMessage(WM_GETDLGCODE);
-  return (wanted & (DLGC_WANTTAB | DLGC_WANTALLKEYS)) == 0 && QWidget::focusNextPrevChild(next);
+  if (isWindow() || window_ == nullptr) return false;
+  return tab_leaves(*window_, !next) && QWidget::focusNextPrevChild(next);
 }
 
 void QtWindow::keyPressEvent(QKeyEvent* event) {

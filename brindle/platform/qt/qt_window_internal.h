@@ -15,7 +15,8 @@ namespace brindle {
 class CMenu;
 class CWnd;
 
-// One pixel of the picture is one device-independent pixel: on a finer screen it is magnified.
+// A unit of the picture is one device-independent pixel; on a finer screen it is painted in the
+// screen's own pixels.
 // Any event may end the window; the widget stays until it has dealt with the event.
 class QtWindow : public QWidget {
  public:

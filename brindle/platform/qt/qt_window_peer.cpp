@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QScreen>
 #include <QThread>
+#include <QWindow>
 #include <set>
 #include <unordered_map>
 
@@ -238,6 +239,25 @@ void QtWindowPeer::set_cursor(HCURSOR cursor) {
 
 int QtWindowPeer::set_menu(CMenu* menu) {
   return widget_ ? widget_->set_menu(menu) : 0;
+}
+
+void QtWindowPeer::set_modal(bool modal) {
+  if (!widget_ || !widget_->isWindow()) return;
+  widget_->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+  QWidget* before = QApplication::activeWindow();
+  if (!modal || widget_->parentWidget() != nullptr || before == nullptr) return;
+  // The desktop keeps it in front of the window that it was opened from.
+  widget_->winId();
+  if (widget_->windowHandle() && before->windowHandle())
+    widget_->windowHandle()->setTransientParent(before->windowHandle());
+}
+
+double QtWindowPeer::scale() const {
+  return widget_ ? widget_->devicePixelRatioF() : 1;
+}
+
+double QtWindowBackend::scale() {
+  return has_widgets() ? qApp->devicePixelRatio() : 1;
 }
 
 void QtWindowBackend::start() {

@@ -26,6 +26,8 @@ class QtWindowPeer : public WindowPeer {
   void set_capture(bool capture) override;
   void set_cursor(HCURSOR cursor) override;
   int set_menu(CMenu* menu) override;
+  void set_modal(bool modal) override;
+  double scale() const override;
 
  private:
   // Null once the program has deleted the widget that this one stood in, or the application.
@@ -41,6 +43,7 @@ class QtWindowBackend : public MemoryWindowBackend {
 
   std::unique_ptr<WindowPeer> make_peer(CWnd& window) override;
   ULONGLONG now_ms() override;
+  double scale() override;
   void wake(ULONGLONG due_ms) override;
   bool wait_event() override;
   UINT track_menu(CMenu& menu, UINT flags, CPoint screen, CWnd* owner) override;

@@ -2,9 +2,14 @@
 #include "brindle/platform/graphics/system_metrics.h"
 #include "brindle/platform/window/control_ids.h"
 #include "brindle/platform/window/control_paint_internal.h"
-#include "brindle/platform/window/window_dc.h"
+#include "brindle/platform/window/wnd_internal.h"
 
 namespace brindle {
+
+MeasuringDevice::MeasuringDevice(const CWnd& control)
+    : held(make_measuring_device(window_scale(control))) {}
+
+MeasuringDevice::~MeasuringDevice() = default;
 
 CFont* control_font(const CWnd& control) {
   CFont* font = control.GetFont();
@@ -13,14 +18,14 @@ CFont* control_font(const CWnd& control) {
 }
 
 int control_line_height(const CWnd& control) {
-  CClientDC dc(nullptr);
+  MeasuringDC dc(control);
   dc.SelectObject(control_font(control));
   TEXTMETRIC metrics;
   return dc.GetTextMetrics(&metrics) && metrics.tmHeight > 0 ? metrics.tmHeight : 16;
 }
 
 CSize control_text_extent(const CWnd& control, std::wstring_view text) {
-  CClientDC dc(nullptr);
+  MeasuringDC dc(control);
   dc.SelectObject(control_font(control));
   return text.empty() ? CSize() : dc.GetTextExtent(text.data(), static_cast<int>(text.size()));
 }
@@ -30,7 +35,9 @@ void prepare_control(CDC& dc, CWnd& control, UINT message, COLORREF background, 
   dc.SetBkMode(TRANSPARENT);
   dc.SetBkColor(background);
   const bool enabled = control.IsWindowEnabled();
-  dc.SetTextColor(GetSysColor(enabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
+  const int ink = message == WM_CTLCOLOREDIT || message == WM_CTLCOLORLISTBOX ? COLOR_WINDOWTEXT
+                                                                              : COLOR_BTNTEXT;
+  dc.SetTextColor(GetSysColor(enabled ? ink : COLOR_GRAYTEXT));
   LRESULT answer = 0;
   if (CWnd* parent = control.GetParent())
     answer = parent->SendMessage(message, reinterpret_cast<WPARAM>(dc.GetSafeHdc()),
@@ -44,7 +51,7 @@ void prepare_control(CDC& dc, CWnd& control, UINT message, COLORREF background, 
 void draw_control_bitmap(CDC& dc, HBITMAP bitmap, const CRect& box) {
   CBitmap* object = CBitmap::FromHandle(bitmap);
   if (object == nullptr || !object->pixels()) return;
-  const int width = object->pixels()->width(), height = object->pixels()->height();
+  const int width = object->pixels()->grid().width, height = object->pixels()->grid().height;
   CDC memory;
   memory.CreateCompatibleDC(&dc);
   memory.SelectObject(object);

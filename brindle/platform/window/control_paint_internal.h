@@ -1,12 +1,25 @@
 // What the controls' pictures have in common.
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "brindle/platform/graphics/dc.h"
 #include "brindle/platform/window/wnd.h"
 
 namespace brindle {
+
+// Measures as the control will be painted.
+struct MeasuringDevice {
+  explicit MeasuringDevice(const CWnd& control);
+  ~MeasuringDevice();
+
+  std::unique_ptr<PaintDevice> held;
+};
+class MeasuringDC : private MeasuringDevice, public CDC {
+ public:
+  explicit MeasuringDC(const CWnd& control) : MeasuringDevice(control), CDC(*held) {}
+};
 
 // The window's font, or the system's.
 CFont* control_font(const CWnd& control);

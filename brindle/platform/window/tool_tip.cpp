@@ -127,7 +127,7 @@ void CToolTipCtrl::OnTimer(UINT_PTR id) {
 void CToolTipCtrl::show(const Tool& tool) {
   if (tool.text.empty()) return;
   SetWindowText(tool.text.c_str());
-  CClientDC dc(nullptr);
+  MeasuringDC dc(*this);
   dc.SelectObject(control_font(*this));
   CRect box(0, 0, max_width_ > 0 ? max_width_ : GetSystemMetrics(SM_CXSCREEN), 0);
   dc.DrawText(tool.text.c_str(), static_cast<int>(tool.text.size()), box,

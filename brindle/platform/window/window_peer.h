@@ -15,7 +15,8 @@ namespace brindle {
 class CMenu;
 class CWnd;
 
-// The toolkit's side of one top-level window. All rectangles are in pixels of the picture.
+// The toolkit's side of one top-level window. All rectangles are in units of the
+// picture, which are pixels but on a finer screen.
 class WindowPeer {
  public:
   virtual ~WindowPeer() = default;
@@ -37,6 +38,11 @@ class WindowPeer {
   // Shows the bar of `menu` (null: none) over the upper part of the picture, and returns its
   // height; 0 when the library is to paint it. Told again when the items have changed.
   virtual int set_menu(CMenu*) { return 0; }
+  // Before it is shown: all other windows of the program, the toolkit's own too, take no input
+  // while this one is visible.
+  virtual void set_modal(bool) {}
+  // Pixels of the screen for a unit of the window's picture.
+  virtual double scale() const { return 1; }
 };
 
 class WindowBackend {
@@ -46,6 +52,8 @@ class WindowBackend {
   virtual std::unique_ptr<WindowPeer> make_peer(CWnd& window) = 0;
   // Milliseconds since any fixed time; never goes back.
   virtual ULONGLONG now_ms() = 0;
+  // Of the screen that a window would come to.
+  virtual double scale() { return 1; }
   // A message was posted, or a timer set to go off at `due_ms`: dispatch_messages() is wanted then.
   virtual void wake(ULONGLONG due_ms) = 0;
   // Waits for an event and handles it. False when none can ever come: nobody is there.

@@ -10,9 +10,11 @@ class CWnd;
 
 // Paints what is invalid in the window and in all its visible children.
 void update_windows(CWnd& window);
-// The window as it looks, with its border, scroll bars and visible children, everything painted.
+// The window as it looks, with its border, scroll bars and visible children, everything painted, in
+// the pixels of its screen.
 RasterBitmap window_picture(CWnd& window);
-// The same into the part `area` (window pixels) of a bitmap of the window's size.
+// The same into the part `area` (units of the window) of a bitmap made on a grid of the window's
+// size.
 void draw_window(CWnd& window, RasterBitmap& target, const CRect& area);
 
 }  // namespace brindle

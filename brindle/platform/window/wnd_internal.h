@@ -104,6 +104,8 @@ struct WindowSystem {
   // The scroll bar that the mouse drags.
   CWnd* dragged = nullptr;
   int dragged_bar = 0, drag_offset = 0;
+  int held_code =
+      -1;  // SB_LINEUP to SB_PAGEDOWN while an arrow or the way beside the thumb is held
   bool quit = false;
   int exit_code = 0;
 
@@ -129,7 +131,12 @@ CPoint origin_in_top(const CWnd& window);
 CPoint screen_origin(const CWnd& window);
 // Tells the peer that pixels of the client area (null: of the whole window) changed.
 void mark_changed(CWnd& window, const CRect* area = nullptr);
-// The bitmap of the client area, made if need be.
+// Pixels of the screen for a unit: of the window's screen, or the one that it would come to.
+double window_scale(const CWnd& window);
+// For measuring text as on a screen of that scale.
+std::unique_ptr<PaintDevice> make_measuring_device(double scale);
+// The bitmap of the client area, made if need be. When it has to be made anew for another scale or
+// place on the screen's pixels, all of it is invalid.
 const std::shared_ptr<RasterBitmap>& window_surface(CWnd& window);
 void size_changed(CWnd& window);
 

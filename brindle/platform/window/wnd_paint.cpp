@@ -1,7 +1,7 @@
 // What is invalid in a window, and how it is painted.
 #include <algorithm>
 
-#include "brindle/platform/graphics/raster_device.h"
+#include "brindle/platform/graphics/scaled_device.h"
 #include "brindle/platform/graphics/system_metrics.h"
 #include "brindle/platform/window/window_dc.h"
 #include "brindle/platform/window/window_picture.h"
@@ -18,7 +18,11 @@ void paint_if_invalid(CWnd& window) {
   if (window.m_hWnd != nullptr) state.update = {};
 }
 
-// `at` is the window's corner in the target.
+std::shared_ptr<RasterBitmap> borrowed(RasterBitmap& bitmap) {
+  return {std::shared_ptr<void>(), &bitmap};
+}
+
+// `at` is the window's corner in the target, in units as `clip` is.
 void compose(CWnd& window, RasterBitmap& target, CRect clip, CPoint at) {
   WindowState& state = window_state(window);
   const CRect whole(at, state.rect.Size());
@@ -27,15 +31,18 @@ void compose(CWnd& window, RasterBitmap& target, CRect clip, CPoint at) {
   const int border = state.border();
   const CPoint origin = at + state.inset();
   const RasterBitmap& pixels = *window_surface(window);
+  const PixelGrid& grid = target.grid();
   const CRect inner = clip & CRect(origin, state.client_size());
-  const CRect filled = inner & CRect(origin, CSize(pixels.width(), pixels.height()));
+  const CPoint corner = grid.at(origin);
+  const CRect filled = grid.box(inner) & CRect(corner, CSize(pixels.width(), pixels.height())) &
+                       CRect(0, 0, target.width(), target.height());
   for (int y = filled.top; y < filled.bottom; ++y) {
-    const std::uint32_t* from = pixels.row(y - origin.y) + (filled.left - origin.x);
+    const std::uint32_t* from = pixels.row(y - corner.y) + (filled.left - corner.x);
     std::copy(from, from + filled.Width(), target.row(y) + filled.left);
   }
   if (border > 0 || state.paints_menu || bar_shown(window, SB_HORZ) || bar_shown(window, SB_VERT)) {
-    RasterDevice device(target);
-    CDC dc(device);
+    const std::unique_ptr<PaintDevice> device = make_raster_device(borrowed(target));
+    CDC dc(*device);
     dc.IntersectClipRect(clip);
     CRect frame = whole;
     for (int i = 0; i < border; ++i, frame.DeflateRect(1, 1)) {
@@ -58,19 +65,33 @@ CRect whole_client(const CWnd& window) {
 
 }  // namespace
 
+double window_scale(const CWnd& window) {
+  if (window.m_hWnd != nullptr)
+    if (const WindowPeer* peer = window_state(top_level(window)).peer.get()) return peer->scale();
+  return window_backend().scale();
+}
+
 const std::shared_ptr<RasterBitmap>& window_surface(CWnd& window) {
   WindowState& state = window_state(window);
-  const CSize size = state.client_size();
-  const int width = std::clamp<int>(size.cx, 1, RasterBitmap::kMaxSide);
-  const int height = std::clamp<int>(size.cy, 1, RasterBitmap::kMaxSide);
-  if (state.surface && state.surface->width() == width && state.surface->height() == height)
-    return state.surface;
-  auto fresh = std::make_shared<RasterBitmap>(width, height);
-  if (fresh->empty()) fresh->create(1, 1);
-  if (state.surface)
+  const double scale = window_scale(window);
+  const int most = static_cast<int>(RasterBitmap::kMaxSide / std::max(scale, 1.0)) - 1;
+  CSize size = state.client_size();
+  size.cx = std::clamp<int>(size.cx, 1, most);
+  size.cy = std::clamp<int>(size.cy, 1, most);
+  PixelGrid grid{1, 0, 0, size.cx, size.cy};
+  if (scale != 1) grid = PixelGrid{scale, 0, 0, 0, 0}.part(origin_in_top(window), size);
+  if (state.surface && state.surface->grid() == grid) return state.surface;
+  auto fresh = std::make_shared<RasterBitmap>();
+  if (!fresh->create(grid)) fresh->create(1, 1);
+  const PixelGrid before = state.surface ? state.surface->grid() : grid;
+  if (before.part(CPoint(), size) != grid) {
+    state.update = RegionData(whole_client(window));
+    state.erase = true;
+  } else if (state.surface) {
     for (int y = 0; y < std::min(fresh->height(), state.surface->height()); ++y)
       std::copy_n(state.surface->row(y), std::min(fresh->width(), state.surface->width()),
                   fresh->row(y));
+  }
   state.surface = std::move(fresh);
   return state.surface;
 }
@@ -156,11 +177,17 @@ void CWnd::EndPaint(PAINTSTRUCT* paint) {
   paint->hdc = nullptr;
 }
 
+std::unique_ptr<PaintDevice> make_measuring_device(double scale) {
+  auto pixels = std::make_shared<RasterBitmap>();
+  pixels->create(PixelGrid{scale, 0, 0, 1, 1});
+  return make_raster_device(std::move(pixels));
+}
+
 WindowSurface::WindowSurface(CWnd* window) {
   if (window != nullptr && window->m_hWnd != nullptr)
-    surface = std::make_unique<RasterDevice>(window_surface(*window));
+    surface = make_raster_device(window_surface(*window));
   else
-    surface = std::make_unique<RasterDevice>(1, 1);
+    surface = make_measuring_device(window_backend().scale());
 }
 
 WindowSurface::~WindowSurface() = default;
@@ -197,6 +224,7 @@ CPaintDC::CPaintDC(CWnd* window) : CClientDC(window) {
 
 void update_windows(CWnd& window) {
   if (window.m_hWnd == nullptr) return;
+  if (window_state(window).surface) window_surface(window);  // its screen may be another one
   paint_if_invalid(window);
   if (window.m_hWnd == nullptr) return;
   for (CWnd* child : std::vector<CWnd*>(window_state(window).children)) {
@@ -207,14 +235,15 @@ void update_windows(CWnd& window) {
 }
 
 void draw_window(CWnd& window, RasterBitmap& target, const CRect& area) {
-  compose(window, target, area & CRect(0, 0, target.width(), target.height()), CPoint());
+  compose(window, target, area & CRect(0, 0, target.grid().width, target.grid().height), CPoint());
 }
 
 RasterBitmap window_picture(CWnd& window) {
   update_windows(window);
   const CSize size = window_state(window).rect.Size();
-  RasterBitmap picture(size.cx, size.cy);
-  if (!picture.empty()) draw_window(window, picture, CRect(CPoint(), size));
+  RasterBitmap picture;
+  if (picture.create(PixelGrid{window_scale(window), 0, 0, size.cx, size.cy}))
+    draw_window(window, picture, CRect(CPoint(), size));
   return picture;
 }
 

@@ -1,5 +1,6 @@
 // Scroll bars of a window.
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #include "brindle/platform/graphics/system_metrics.h"
@@ -26,6 +27,27 @@ void draw_arrow(CDC& dc, const CRect& box, int dx, int dy, COLORREF color) {
     else
       dc.FillSolidRect(middle.x - i, middle.y + dy * -along, 2 * i + 1, 1, color);
   }
+}
+
+bool is_thumb_dragged(const CWnd& window) {
+  const WindowSystem& system = window_system();
+  return system.dragged == &window && system.held_code < 0;
+}
+
+// False for a way that isn't whole in pixels.
+bool move_pixels(RasterBitmap& pixels, const CRect& part, int dx, int dy) {
+  const PixelGrid& grid = pixels.grid();
+  const double across = dx * grid.scale, down = dy * grid.scale;
+  if (across != std::floor(across) || down != std::floor(down)) return false;
+  const CRect from = grid.box(part) & CRect(0, 0, pixels.width(), pixels.height());
+  if (from.IsRectEmpty()) return true;
+  const int x = static_cast<int>(across), y = static_cast<int>(down);
+  const size_t bytes = static_cast<size_t>(from.Width()) * sizeof(std::uint32_t);
+  for (int i = 0; i < from.Height(); ++i) {
+    const int row = y > 0 ? from.bottom - 1 - i : from.top + i;
+    std::memmove(pixels.row(row + y) + from.left + x, pixels.row(row) + from.left, bytes);
+  }
+  return true;
 }
 
 }  // namespace
@@ -83,7 +105,7 @@ BOOL CWnd::SetScrollInfo(int bar, SCROLLINFO* info, BOOL redraw) {
   if ((info->fMask & SIF_PAGE) != 0) state.page = info->nPage;
   if ((info->fMask & SIF_POS) != 0) state.position = info->nPos;
   state.position = std::clamp(state.position, state.min, state.last());
-  if (window_system().dragged != this) state.track = state.position;
+  if (!is_thumb_dragged(*this)) state.track = state.position;
   if ((info->fMask & (SIF_RANGE | SIF_PAGE)) != 0 && (info->fMask & SIF_DISABLENOSCROLL) == 0 &&
       state.scrolls() != bar_shown(*this, bar))
     ShowScrollBar(static_cast<UINT>(bar), state.scrolls());
@@ -136,7 +158,7 @@ BarLayout bar_layout(const CWnd& window, int bar) {
           : std::min(GetSystemMetrics(SM_CYVSCROLL), room / 2);
   layout.travel = room - thumb;
   const LONGLONG steps = LONGLONG{values.last()} - values.min;
-  const int position = window_system().dragged == &window ? values.track : values.position;
+  const int position = is_thumb_dragged(window) ? values.track : values.position;
   const int start =
       arrow + static_cast<int>(layout.travel * (LONGLONG{position} - values.min) / steps);
   layout.thumb = part(start, start + thumb);
@@ -184,15 +206,8 @@ void CWnd::ScrollWindow(int dx, int dy, LPCRECT rect, LPCRECT clip) {
   RegionData moved = state_->update & RegionData(area);
   state_->update -= moved;
   moved.offset(dx, dy);
-  const CRect from = area & (CRect(area) - CPoint(dx, dy));  // pixels that stay within
-  if (state_->surface && !from.IsRectEmpty()) {
-    RasterBitmap& pixels = *state_->surface;
-    const size_t bytes = static_cast<size_t>(from.Width()) * sizeof(std::uint32_t);
-    for (int i = 0; i < from.Height(); ++i) {
-      const int y = dy > 0 ? from.bottom - 1 - i : from.top + i;
-      std::memmove(pixels.row(y + dy) + from.left + dx, pixels.row(y) + from.left, bytes);
-    }
-  }
+  CRect from = area & (CRect(area) - CPoint(dx, dy));  // what stays within
+  if (state_->surface && !move_pixels(*state_->surface, from, dx, dy)) from.SetRectEmpty();
   const RegionData uncovered =
       RegionData(area) - (from.IsRectEmpty() ? RegionData() : RegionData(from + CPoint(dx, dy)));
   state_->update |= (moved | uncovered) & RegionData(area);
