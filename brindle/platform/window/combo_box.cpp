@@ -18,9 +18,14 @@ BOOL CComboBox::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
 
 int CComboBox::OnCreate(LPCREATESTRUCT create) {
   if (CWnd::OnCreate(create) == -1) return -1;
+  ModifyStyle(WS_VSCROLL | WS_HSCROLL,
+              0);  // asked for the list, which has its bar when it needs it
   if (!has_edit()) return 0;
   edit_ = std::make_unique<ComboField>(*this);
   edit_->Create(WS_VISIBLE | ES_AUTOHSCROLL, CRect(), this, 1001);
+  if (!is_simple()) return 0;
+  dropped_ = std::make_unique<ComboList>(*this);
+  dropped_->CWnd::Create(nullptr, nullptr, WS_VISIBLE | WS_BORDER, CRect(), this, 1000);
   return 0;
 }
 
@@ -57,6 +62,7 @@ int CComboBox::insert(int index, const wchar_t* text) {
     item_height_ = ask_item_height(*this, ODT_COMBOBOX, 0, item.data, control_line_height(*this));
   list_.items.insert(list_.items.begin() + index, std::move(item));
   if (current_ >= index) ++current_;
+  if (is_simple() && dropped_) dropped_->fit();
   return index;
 }
 
@@ -78,6 +84,7 @@ int CComboBox::DeleteString(UINT index) {
     current_ = -1;
   else if (current_ > row)
     --current_;
+  if (is_simple() && dropped_) dropped_->fit();
   Invalidate();
   return GetCount();
 }
@@ -161,11 +168,11 @@ void CComboBox::user_select(int index) {
 }
 
 BOOL CComboBox::GetDroppedState() const {
-  return dropped_ && dropped_->m_hWnd != nullptr && dropped_->IsWindowVisible();
+  return !is_simple() && dropped_ && dropped_->m_hWnd != nullptr && dropped_->IsWindowVisible();
 }
 
 void CComboBox::ShowDropDown(BOOL show) {
-  if (m_hWnd == nullptr || (show != FALSE) == (GetDroppedState() != FALSE)) return;
+  if (m_hWnd == nullptr || is_simple() || (show != FALSE) == (GetDroppedState() != FALSE)) return;
   if (!show) return close_list(false);
   notify_parent(CBN_DROPDOWN);
   if (m_hWnd == nullptr) return;
@@ -225,10 +232,7 @@ int CComboBox::SetItemHeight(int index, UINT height) {
   const int pixels = static_cast<int>(std::min(height, 32767u));
   if (index == -1) {
     field_item_height_ = pixels;
-    CRect field = window_state(*this).rect;
-    if (m_hWnd != nullptr)
-      SetWindowPos(nullptr, 0, 0, field.Width(), std::max(list_height_, field.Height()),
-                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    fit_field();
   } else if ((GetStyle() & CBS_OWNERDRAWVARIABLE) == 0) {
     item_height_ = pixels;
   } else if (list_.good(index)) {
@@ -237,6 +241,13 @@ int CComboBox::SetItemHeight(int index, UINT height) {
     return CB_ERR;
   }
   return CB_OKAY;
+}
+
+void CComboBox::fit_field() {
+  const CRect field = window_state(*this).rect;
+  if (m_hWnd != nullptr && field.Height() > 0)
+    SetWindowPos(nullptr, 0, 0, field.Width(), std::max(list_height_, field.Height()),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 int CComboBox::GetItemHeight(int index) const {
@@ -298,14 +309,24 @@ LRESULT CComboBox::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
       // The height given is the dropped list's; the window is as high as the field.
       WINDOWPOS& place = *reinterpret_cast<WINDOWPOS*>(lParam);
       if (place.cy > field_height() || list_height_ == 0) list_height_ = place.cy;
-      place.cy = field_height();
+      if (!is_simple()) place.cy = field_height();
       return 0;
     }
-    case WM_SETFONT:
+    case WM_SETFONT: {
       if (edit_) edit_->SendMessage(message, wParam, lParam);
+      const LRESULT result = CWnd::DefWindowProc(message, wParam, lParam);
+      fit_field();
+      return result;
+    }
+    case WM_SETTINGCHANGE:
+      fit_field();
       break;
     case WM_ERASEBKGND:
       return TRUE;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+      // The field looks as the parent wants the box to look.
+      return GetParent() != nullptr ? GetParent()->SendMessage(message, wParam, lParam) : 0;
     case CB_GETEDITSEL:
       return static_cast<LRESULT>(GetEditSel());
     case CB_LIMITTEXT:

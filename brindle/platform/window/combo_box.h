@@ -13,7 +13,8 @@ namespace brindle {
 class ComboList;
 
 // The rectangle given to Create and MoveWindow spans field and dropped list, as in the framework;
-// the window itself is as high as the field. CBS_DROPDOWN has an edit field, CBS_DROPDOWNLIST none.
+// the window itself is as high as the field. CBS_DROPDOWN has an edit field, CBS_DROPDOWNLIST none;
+// CBS_SIMPLE has one and shows its list below it always, within the window.
 // A row out of range gives CB_ERR.
 class CComboBox : public CWnd {
  public:
@@ -96,6 +97,7 @@ class CComboBox : public CWnd {
   friend class ComboList;
   friend class ComboField;
 
+  bool is_simple() const { return (GetStyle() & 3) == CBS_SIMPLE; }
   bool has_edit() const { return (GetStyle() & 3) != CBS_DROPDOWNLIST; }
   bool owner_draws() const {
     return (GetStyle() & (CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE)) != 0;
@@ -110,6 +112,8 @@ class CComboBox : public CWnd {
   void layout();
   void draw_row(CDC& dc, int index, const CRect& box, bool selected, bool in_field);
   int field_height() const;
+  // Gives the window the height of its field, after the font changed.
+  void fit_field();
 
   ListItems list_;
   std::unique_ptr<CEdit> edit_;

@@ -154,6 +154,13 @@ void CComboBox::layout() {
   if (!edit_ || edit_->m_hWnd == nullptr) return;
   CRect client;
   GetClientRect(client);
+  if (is_simple()) {
+    const int field = std::min<int>(field_height(), client.Height());
+    edit_->MoveWindow(2, 2, std::max(client.Width() - 4, 0), std::max(field - 4, 0));
+    dropped_->MoveWindow(0, field, client.Width(), client.Height() - field);
+    dropped_->fit();
+    return;
+  }
   const int button = std::min<int>(GetSystemMetrics(SM_CXVSCROLL), client.Width() / 2);
   edit_->MoveWindow(2, 2, std::max(client.Width() - button - 3, 0),
                     std::max(client.Height() - 4, 0));
@@ -188,7 +195,9 @@ void CComboBox::OnPaint() {
   prepare_control(dc, *this, WM_CTLCOLOREDIT, GetSysColor(enabled ? COLOR_WINDOW : COLOR_BTNFACE),
                   client);
   const COLORREF frame = GetSysColor(COLOR_BTNSHADOW);
+  if (is_simple()) client.bottom = std::min<LONG>(client.bottom, field_height());
   dc.Draw3dRect(client, frame, frame);
+  if (is_simple()) return;
   client.DeflateRect(1, 1);
   CRect button = client;
   button.left = button.right - std::min<int>(GetSystemMetrics(SM_CXVSCROLL), client.Width() / 2);
@@ -251,6 +260,13 @@ void ComboList::open(const CRect& screen, int visible_rows) {
   ShowWindow(SW_SHOWNOACTIVATE);
 }
 
+void ComboList::fit() {
+  CRect client;
+  GetClientRect(client);
+  rows_ = std::max(static_cast<int>(client.Height()) / std::max(box_.GetItemHeight(0), 1), 1);
+  set_top(top);
+}
+
 void ComboList::set_highlight(int row, bool bring_into_view) {
   highlight = row;
   if (bring_into_view && row >= 0) set_top(std::clamp(top, std::max(row - rows_ + 1, 0), row));
@@ -291,10 +307,7 @@ void ComboList::OnPaint() {
   CPaintDC dc(this);
   CRect client;
   GetClientRect(client);
-  dc.SelectObject(control_font(box_));
-  dc.SetBkMode(TRANSPARENT);
-  dc.SetTextColor(GetSysColor(COLOR_WINDOWTEXT));
-  dc.FillSolidRect(client, GetSysColor(COLOR_WINDOW));
+  prepare_control(dc, box_, WM_CTLCOLORLISTBOX, GetSysColor(COLOR_WINDOW), client);
   for (int row = top; row < box_.GetCount(); ++row) {
     const CRect box = row_rect(row);
     if (box.top >= client.bottom) break;
@@ -302,12 +315,21 @@ void ComboList::OnPaint() {
   }
 }
 
+void ComboList::OnLButtonDown(UINT flags, CPoint point) {
+  if (!box_.is_simple()) return CWnd::OnLButtonDown(flags, point);
+  const int row = row_at(point);
+  box_.SetFocus();
+  if (row >= 0) box_.user_select(row);
+}
+
 void ComboList::OnMouseMove(UINT, CPoint point) {
+  if (box_.is_simple()) return;  // a row is chosen by a press
   const int row = row_at(point);
   if (row >= 0 && row != highlight) set_highlight(row, false);
 }
 
 void ComboList::OnLButtonUp(UINT, CPoint point) {
+  if (box_.is_simple()) return;
   const int row = row_at(point);
   if (row < 0) return;
   highlight = row;

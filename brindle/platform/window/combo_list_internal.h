@@ -14,6 +14,8 @@ class ComboList : public CWnd {
   int top = 0;
 
   void open(const CRect& screen, int visible_rows);
+  // Of a box that shows its list always: after its size or the rows changed.
+  void fit();
   void set_highlight(int row, bool bring_into_view);
   void set_top(int row);
   int rows() const { return rows_; }
@@ -23,6 +25,7 @@ class ComboList : public CWnd {
  protected:
   void OnPaint() override;
   void OnMouseMove(UINT flags, CPoint point) override;
+  void OnLButtonDown(UINT flags, CPoint point) override;
   void OnLButtonUp(UINT flags, CPoint point) override;
   BOOL OnMouseWheel(UINT flags, short delta, CPoint screen) override;
   void OnVScroll(UINT code, UINT position, CWnd* bar) override;

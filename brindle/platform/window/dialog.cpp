@@ -13,6 +13,7 @@
 #include "brindle/platform/window/list_box.h"
 #include "brindle/platform/window/message_loop.h"
 #include "brindle/platform/window/static.h"
+#include "brindle/platform/window/window_input.h"
 #include "brindle/platform/window/wnd_internal.h"
 
 namespace brindle {
@@ -51,6 +52,24 @@ CWnd* next_tab_control(CWnd& dialog, const CWnd* from, bool backwards) {
     if (from != nullptr && is_inside(from, *stops[static_cast<size_t>(i)])) at = i;
   if (at < 0) return backwards ? stops.back() : stops.front();
   return stops[static_cast<size_t>((at + (backwards ? count - 1 : 1)) % count)];
+}
+
+bool tab_leaves(CWnd& top, bool backwards) {
+  CWnd* focus = CWnd::GetFocus();
+  if (focus == nullptr || !is_inside(focus, top)) return true;
+  if ((focus->SendMessage(WM_GETDLGCODE) & (DLGC_WANTTAB | DLGC_WANTALLKEYS)) != 0) return false;
+  CWnd* dialog = focus;
+  while (dialog != nullptr && dynamic_cast<CDialog*>(dialog) == nullptr)
+    dialog = window_state(*dialog).is_child() ? dialog->GetParent() : nullptr;
+  if (dialog == nullptr) return true;
+  const CWnd* end = next_tab_control(*dialog, nullptr, !backwards);
+  return end == nullptr || is_inside(focus, *end);
+}
+
+void route_tab_in(CWnd& top, bool backwards) {
+  auto* dialog = dynamic_cast<CDialog*>(&top);
+  if (dialog == nullptr || dialog->m_hWnd == nullptr) return;
+  if (CWnd* first = next_tab_control(top, nullptr, backwards)) dialog->GotoDlgCtrl(first);
 }
 
 CDialog::CDialog(UINT, CWnd* parent) : m_pParentWnd(parent) {}
@@ -120,6 +139,7 @@ BOOL CDialog::create_now(CWnd* parent) {
   }();
   if (!CreateEx(extended | WS_EX_CONTROLPARENT, kind, title, style & ~WS_VISIBLE, place, parent, 0))
     return FALSE;
+  if (modal_) window_state(*this).peer->set_modal(true);
   make_controls();
   if ((style & WS_CHILD) == 0) CenterWindow();
   const HWND handle = m_hWnd;

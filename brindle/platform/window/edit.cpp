@@ -51,6 +51,7 @@ void CEdit::SetWindowText(const wchar_t* text) {
   EditState& state = *edit_;
   state.anchor = state.caret = state.first_line = state.shift = 0;
   state.modified = state.can_undo = false;
+  state.update_bar();
   if (m_hWnd != nullptr && !state.several_lines()) {
     notify_parent(EN_UPDATE);
     notify_parent(EN_CHANGE);
@@ -58,15 +59,13 @@ void CEdit::SetWindowText(const wchar_t* text) {
 }
 
 int CEdit::GetLineCount() const {
-  CString text;
-  GetWindowText(text);
-  const wchar_t* first = text;
-  return 1 + static_cast<int>(std::count(first, first + text.GetLength(), L'\n'));
+  return static_cast<int>(edit_->lines().size());
 }
 
 void CEdit::LineScroll(int lines, int) {
   const int64_t wanted = static_cast<int64_t>(edit_->first_line) + lines;
   edit_->first_line = static_cast<int>(std::clamp<int64_t>(wanted, 0, GetLineCount() - 1));
+  edit_->update_bar();
   Invalidate();
 }
 
@@ -75,31 +74,22 @@ int CEdit::GetFirstVisibleLine() const {
 }
 
 int CEdit::LineFromChar(int index) const {
-  const std::wstring text = edit_->text();
+  const std::vector<EditState::Line>& lines = edit_->lines();
   if (index < 0) index = edit_->caret;
-  const size_t end = std::min(static_cast<size_t>(index), text.size());
-  return static_cast<int>(
-      std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(end), L'\n'));
+  const auto after =
+      std::upper_bound(lines.begin() + 1, lines.end(), index,
+                       [](int at, const EditState::Line& line) { return at < line.start; });
+  return static_cast<int>(after - lines.begin()) - 1;
 }
 
 int CEdit::LineIndex(int line) const {
   if (line < 0) line = LineFromChar(-1);
-  const std::wstring text = edit_->text();
-  size_t start = 0;
-  for (; line > 0; --line) {
-    const size_t end = text.find(L'\n', start);
-    if (end == std::wstring::npos) return -1;
-    start = end + 1;
-  }
-  return static_cast<int>(start);
+  const std::vector<EditState::Line>& lines = edit_->lines();
+  return line < static_cast<int>(lines.size()) ? lines[static_cast<size_t>(line)].start : -1;
 }
 
 int CEdit::LineLength(int index) const {
-  const std::wstring text = edit_->text();
-  const int start = LineIndex(LineFromChar(index));
-  size_t end = std::min(text.find(L'\n', static_cast<size_t>(start)), text.size());
-  if (end > static_cast<size_t>(start) && text[end - 1] == L'\r' && end < text.size()) --end;
-  return static_cast<int>(end) - start;
+  return edit_->lines()[static_cast<size_t>(LineFromChar(index))].length;
 }
 
 int CEdit::GetLine(int line, wchar_t* buffer, int size) const {

@@ -123,9 +123,12 @@ void CEdit::OnKeyDown(UINT key, UINT repeat, UINT flags) {
     }
     case VK_HOME:
       return state.set_caret(control ? 0 : LineIndex(line), extend);
-    case VK_END:
-      return state.set_caret(control ? state.length() : LineIndex(line) + LineLength(state.caret),
-                             extend);
+    case VK_END: {
+      const EditState::Line here = state.lines()[static_cast<size_t>(line)];
+      // Behind the last character of a soft line the next one begins.
+      const int end = here.start + (here.soft ? std::max(here.length - 1, 0) : here.length);
+      return state.set_caret(control ? state.length() : end, extend);
+    }
     case VK_PRIOR:
     case VK_NEXT:
       if (several)

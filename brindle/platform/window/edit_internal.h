@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "brindle/platform/window/edit.h"
 
@@ -25,18 +26,31 @@ struct EditState {
   std::wstring undo_text;
   int undo_anchor = 0, undo_caret = 0;
 
+  // A line as it is shown: `length` characters from `start`, without its end. A soft line ends
+  // where the next begins, because the box is full.
+  struct Line {
+    int start, length;
+    bool soft;
+  };
+
   std::wstring text() const;
+  // At least one. With several lines, and without ES_AUTOHSCROLL, they are broken at the box's
+  // edge.
+  const std::vector<Line>& lines() const;
+  bool wraps() const;
   int length() const { return edit.GetWindowTextLength(); }
   bool several_lines() const { return (edit.GetStyle() & ES_MULTILINE) != 0; }
   bool read_only() const { return (edit.GetStyle() & ES_READONLY) != 0; }
   int low() const { return anchor < caret ? anchor : caret; }
   int high() const { return anchor < caret ? caret : anchor; }
-  // The text as it is seen of the line that begins at `start`.
-  std::wstring shown_line(const std::wstring& text, int start) const;
+  // The text as it is seen.
+  std::wstring shown_line(const std::wstring& text, const Line& line) const;
   CRect area() const;
   int left_of_line(const std::wstring& shown) const;
   int top_of_line(int line) const;
   int lines_in_view() const;
+  // Tells the vertical bar, if there is one, what is in view.
+  void update_bar();
 
   // Puts `piece` in the selection's place; `by_user`: what was there can be had back, the parent is
   // told.
@@ -46,6 +60,15 @@ struct EditState {
   void clamp();
   void type(std::wstring piece);
   int next_word(int from, int direction) const;
+
+ private:
+  void break_line(CDC& dc, const std::wstring& whole, int start, int end, int width) const;
+
+  // What the lines were found for.
+  mutable std::vector<Line> lines_;
+  mutable std::wstring lines_text_;
+  mutable int lines_width_ = 0;  // 0: not broken
+  mutable LOGFONT lines_font_;
 };
 
 }  // namespace brindle

@@ -8,16 +8,15 @@
 
 namespace brindle {
 
-std::wstring EditState::shown_line(const std::wstring& whole, int start) const {
-  size_t end = std::min(whole.find(L'\n', static_cast<size_t>(start)), whole.size());
-  if (end > static_cast<size_t>(start) && end < whole.size() && whole[end - 1] == L'\r') --end;
-  std::wstring line = whole.substr(static_cast<size_t>(start), end - static_cast<size_t>(start));
+std::wstring EditState::shown_line(const std::wstring& whole, const Line& line) const {
+  std::wstring shown =
+      whole.substr(static_cast<size_t>(line.start), static_cast<size_t>(line.length));
   const wchar_t mask = edit.GetPasswordChar();
-  for (wchar_t& c : line) {
+  for (wchar_t& c : shown) {
     if (mask != 0) c = mask;
     if (c == L'\t') c = L' ';
   }
-  return line;
+  return shown;
 }
 
 CRect EditState::area() const {
@@ -50,23 +49,26 @@ int EditState::left_of_line(const std::wstring& shown) const {
 void EditState::scroll_to_caret() {
   if (edit.m_hWnd == nullptr) return;
   const int line = edit.LineFromChar(caret);
-  const int start = edit.LineIndex(line);
-  const std::wstring shown = shown_line(text(), start);
-  const size_t before = std::min(static_cast<size_t>(caret - start), shown.size());
+  const Line& here = lines()[static_cast<size_t>(line)];
+  const std::wstring shown = shown_line(text(), here);
+  const size_t before = std::min(static_cast<size_t>(caret - here.start), shown.size());
   const int x = control_text_extent(edit, std::wstring_view(shown).substr(0, before)).cx;
   const int width = std::max<int>(area().Width(), 1);
   if (x - shift >= width) shift = x - width + 1;
   if (x < shift) shift = std::max(x - width / 4, 0);
+  if (wraps()) shift = 0;
   if (!several_lines()) return;
   const int page = std::max(lines_in_view(), 1);
   first_line = std::clamp(first_line, line - page + 1, line);
+  update_bar();
 }
 
 CPoint CEdit::PosFromChar(UINT index) const {
   const int at = static_cast<int>(std::min(index, static_cast<UINT>(edit_->length())));
-  const int line = LineFromChar(at), start = LineIndex(line);
-  const std::wstring shown = edit_->shown_line(edit_->text(), start);
-  const size_t before = std::min(static_cast<size_t>(at - start), shown.size());
+  const int line = LineFromChar(at);
+  const EditState::Line& here = edit_->lines()[static_cast<size_t>(line)];
+  const std::wstring shown = edit_->shown_line(edit_->text(), here);
+  const size_t before = std::min(static_cast<size_t>(at - here.start), shown.size());
   return {edit_->left_of_line(shown) +
               control_text_extent(*this, std::wstring_view(shown).substr(0, before)).cx,
           edit_->top_of_line(line)};
@@ -81,11 +83,12 @@ int CEdit::CharFromPos(CPoint point) const {
     line = state.first_line + (below >= 0 ? below / height : -1);
     line = std::clamp(line, 0, GetLineCount() - 1);
   }
-  const int start = LineIndex(line);
-  const std::wstring shown = state.shown_line(state.text(), start);
+  const EditState::Line here = state.lines()[static_cast<size_t>(line)];
+  const std::wstring shown = state.shown_line(state.text(), here);
   const int x = point.x - state.left_of_line(shown);
-  // The gap between characters that is nearest.
-  int low = 0, high = static_cast<int>(shown.size());
+  // The gap between characters that is nearest. The one at the end of a soft line is the next
+  // one's.
+  int low = 0, high = here.soft ? std::max(here.length - 1, 0) : here.length;
   const auto width = [&](int count) {
     return control_text_extent(*this,
                                std::wstring_view(shown).substr(0, static_cast<size_t>(count)))
@@ -98,7 +101,7 @@ int CEdit::CharFromPos(CPoint point) const {
     else
       high = middle;
   }
-  return MAKELONG(start + low, line);
+  return MAKELONG(here.start + low, line);
 }
 
 void CEdit::OnSize(UINT type, int cx, int cy) {
@@ -120,29 +123,25 @@ void CEdit::OnPaint() {
   dc.IntersectClipRect(state.area());
   const int first = state.several_lines() ? state.first_line : 0;
   const COLORREF plain = dc.GetTextColor();
-  int start = LineIndex(first), line = first;
-  while (start >= 0 && start <= static_cast<int>(text.size())) {
+  const std::vector<EditState::Line>& lines = state.lines();
+  for (int line = first; line < static_cast<int>(lines.size()); ++line) {
     const int top = state.top_of_line(line);
     if (top >= client.bottom) break;
-    const std::wstring shown = state.shown_line(text, start);
+    const int start = lines[static_cast<size_t>(line)].start;
+    const std::wstring shown = state.shown_line(text, lines[static_cast<size_t>(line)]);
     const int left = state.left_of_line(shown);
     dc.SetTextColor(plain);
     dc.TextOut(left, top, shown.c_str(), static_cast<int>(shown.size()));
     const int length = static_cast<int>(shown.size());
     const int from = std::clamp(state.low() - start, 0, length);
     const int to = std::clamp(state.high() - start, 0, length);
-    if (from < to && (focused || (GetStyle() & ES_NOHIDESEL) != 0)) {
-      const std::wstring_view part(shown);
-      const int x0 = left + dc.GetTextExtent(part.data(), from).cx;
-      const int x1 = left + dc.GetTextExtent(part.data(), to).cx;
-      dc.FillSolidRect(x0, top, x1 - x0, height, GetSysColor(COLOR_HIGHLIGHT));
-      dc.SetTextColor(GetSysColor(COLOR_HIGHLIGHTTEXT));
-      dc.TextOut(x0, top, part.data() + from, to - from);
-    }
-    const size_t end = text.find(L'\n', static_cast<size_t>(start));
-    if (!state.several_lines() || end == std::wstring::npos) break;
-    start = static_cast<int>(end) + 1;
-    ++line;
+    if (from >= to || (!focused && (GetStyle() & ES_NOHIDESEL) == 0)) continue;
+    const std::wstring_view part(shown);
+    const int x0 = left + dc.GetTextExtent(part.data(), from).cx;
+    const int x1 = left + dc.GetTextExtent(part.data(), to).cx;
+    dc.FillSolidRect(x0, top, x1 - x0, height, GetSysColor(COLOR_HIGHLIGHT));
+    dc.SetTextColor(GetSysColor(COLOR_HIGHLIGHTTEXT));
+    dc.TextOut(x0, top, part.data() + from, to - from);
   }
   if (focused && state.low() == state.high()) {
     const CPoint at = PosFromChar(static_cast<UINT>(state.caret));

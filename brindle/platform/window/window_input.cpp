@@ -36,53 +36,86 @@ void scroll(CWnd& window, int bar, UINT code, int position = 0) {
   window.SendMessage(bar == SB_VERT ? WM_VSCROLL : WM_HSCROLL, packed);
 }
 
+constexpr UINT_PTR kHeldTimer = 0xFFF8;  // of the system, beside the window's own
+constexpr UINT kFirstRepeatMs = 400, kRepeatMs = 50;
+
+// What a press there does: SB_LINEUP to SB_PAGEDOWN, SB_THUMBTRACK on the thumb, -1 for nothing.
+int bar_code_at(const CWnd& window, int bar, CPoint at) {
+  const BarLayout layout = bar_layout(window, bar);
+  if (layout.thumb.IsRectEmpty() || !layout.box.PtInRect(at)) return -1;
+  if (layout.first.PtInRect(at)) return SB_LINEUP;
+  if (layout.last.PtInRect(at)) return SB_LINEDOWN;
+  if (layout.thumb.PtInRect(at)) return SB_THUMBTRACK;
+  const bool before = bar == SB_VERT ? at.y < layout.thumb.top : at.x < layout.thumb.left;
+  return before ? SB_PAGEUP : SB_PAGEDOWN;
+}
+
+// Scrolls again and again while the button is held on what was pressed.
+void repeat_held(CWnd& window, UINT_PTR) {
+  WindowSystem& system = window_system();
+  if (system.dragged != &window || system.held_code < 0) {
+    window.KillTimer(kHeldTimer);
+    return;
+  }
+  const HWND handle = window.m_hWnd;
+  window.SetTimer(kHeldTimer, kRepeatMs, repeat_held);
+  CRect frame;
+  window.GetWindowRect(frame);
+  const int code = bar_code_at(window, system.dragged_bar, CPoint(system.mouse - frame.TopLeft()));
+  if (code == system.held_code) scroll(window, system.dragged_bar, static_cast<UINT>(code));
+  if (IsWindow(handle) && !bar_shown(window, system.dragged_bar)) window.KillTimer(kHeldTimer);
+}
+
 // A press on a scroll bar, at a point of the window's own pixels.
 void press_bar(CWnd& window, int bar, CPoint at) {
-  const BarLayout layout = bar_layout(window, bar);
-  const bool upright = bar == SB_VERT;
-  const HWND handle = window.m_hWnd;
-  if (layout.thumb.IsRectEmpty()) return;
-  UINT code;
-  if (layout.first.PtInRect(at)) {
-    code = SB_LINEUP;
-  } else if (layout.last.PtInRect(at)) {
-    code = SB_LINEDOWN;
-  } else if (layout.thumb.PtInRect(at)) {
-    WindowSystem& system = window_system();
-    system.dragged = &window;
-    system.dragged_bar = bar;
-    system.drag_offset = upright ? at.y - layout.thumb.top : at.x - layout.thumb.left;
-    window_state(window).bars[bar].track = window_state(window).bars[bar].position;
-    if (WindowPeer* peer = window_state(top_level(window)).peer.get()) peer->set_capture(true);
-    return;
-  } else {
-    code = (upright ? at.y < layout.thumb.top : at.x < layout.thumb.left) ? SB_PAGEUP : SB_PAGEDOWN;
+  const int code = bar_code_at(window, bar, at);
+  if (code < 0) return;
+  WindowSystem& system = window_system();
+  system.dragged = &window;
+  system.dragged_bar = bar;
+  system.held_code = code == static_cast<int>(SB_THUMBTRACK) ? -1 : code;
+  if (WindowPeer* peer = window_state(top_level(window)).peer.get()) peer->set_capture(true);
+  ScrollBar& values = window_state(window).bars[bar];
+  values.track = values.position;
+  if (system.held_code >= 0) {
+    window.SetTimer(kHeldTimer, kFirstRepeatMs, repeat_held);
+    return scroll(window, bar, static_cast<UINT>(code));
   }
-  scroll(window, bar, code);
-  if (IsWindow(handle)) scroll(window, bar, SB_ENDSCROLL);
+  const CRect thumb = bar_layout(window, bar).thumb;
+  system.drag_offset = bar == SB_VERT ? at.y - thumb.top : at.x - thumb.left;
+}
+
+void end_drag() {
+  WindowSystem& system = window_system();
+  CWnd& window = *std::exchange(system.dragged, nullptr);
+  const int bar = system.dragged_bar;
+  const HWND handle = window.m_hWnd;
+  if (WindowPeer* peer = window_state(top_level(window)).peer.get()) peer->set_capture(false);
+  if (std::exchange(system.held_code, -1) >= 0)
+    window.KillTimer(kHeldTimer);
+  else
+    scroll(window, bar, SB_THUMBPOSITION, window_state(window).bars[bar].track);
+  if (!IsWindow(handle)) return;
+  scroll(window, bar, SB_ENDSCROLL);
+  if (IsWindow(handle)) mark_changed(window);
 }
 
 // `at` in the window's own pixels.
-void drag_bar(UINT message, CPoint at) {
+void drag_bar(UINT message, UINT flags, CPoint at) {
   WindowSystem& system = window_system();
   CWnd& window = *system.dragged;
   const int bar = system.dragged_bar;
-  const HWND handle = window.m_hWnd;
+  // The release may have gone to somebody else, as when a handler asked a question.
+  if (message == WM_LBUTTONUP || (message == WM_MOUSEMOVE && (flags & MK_LBUTTON) == 0))
+    return end_drag();
+  if (message != WM_MOUSEMOVE || system.held_code >= 0) return;
   ScrollBar& values = window_state(window).bars[bar];
   const int start = (bar == SB_VERT ? at.y : at.x) - system.drag_offset;
   const int position = bar_position_at(window, bar, start);
-  if (message == WM_MOUSEMOVE && position != values.track) {
-    values.track = position;
-    mark_changed(window);
-    scroll(window, bar, SB_THUMBTRACK, position);
-  } else if (message == WM_LBUTTONUP) {
-    system.dragged = nullptr;
-    if (WindowPeer* peer = window_state(top_level(window)).peer.get()) peer->set_capture(false);
-    scroll(window, bar, SB_THUMBPOSITION, values.track);
-    if (!IsWindow(handle)) return;
-    scroll(window, bar, SB_ENDSCROLL);
-    if (IsWindow(handle)) mark_changed(window);
-  }
+  if (position == values.track) return;
+  values.track = position;
+  mark_changed(window);
+  scroll(window, bar, SB_THUMBTRACK, position);
 }
 
 void hover(CWnd* window) {
@@ -139,7 +172,7 @@ void route_mouse(CWnd& top, UINT message, UINT flags, CPoint at) {
   set_key_state(VK_CONTROL, (flags & MK_CONTROL) != 0);
   if (system.dragged != nullptr) {
     system.dragged->GetWindowRect(frame);
-    return drag_bar(message, CPoint(system.mouse - frame.TopLeft()));
+    return drag_bar(message, flags, CPoint(system.mouse - frame.TopLeft()));
   }
   if (system.popup != nullptr && is_press(message) && &top != system.popup) {
     const HWND handle = top.m_hWnd;

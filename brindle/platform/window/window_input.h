@@ -23,6 +23,11 @@ bool route_key(CWnd& top, UINT key, bool down, UINT repeat = 1);
 void route_char(CWnd& top, wchar_t character);
 // Key down, the character when the key makes one, key up.
 void route_key_press(CWnd& top, UINT key);
+// Whether Tab would leave the window, which stands among others in a form: what has the focus
+// doesn't want the key, and in a dialog is the last control (the first, backwards).
+bool tab_leaves(CWnd& top, bool backwards);
+// Tab came into the window: the focus goes to the first control of a dialog, the last backwards.
+void route_tab_in(CWnd& top, bool backwards);
 // The window becomes the active one, and its last focus comes back; or it stops being so.
 void route_activate(CWnd& top, bool active);
 // The user sized or moved the window, closed it.
