@@ -366,8 +366,11 @@ BOOL CTableWnd::IsMutiLine(int, int) {
 
 void CTableWnd::DealChangeEditString(int, int, CString&) {}
 
-void CTableWnd::ask_row(int hang) {
-  for (int lie = 1; lie <= GetLieCount(); ++lie) GetHangLieString(hang, lie);
+void CTableWnd::ask_rows(int first, int last) {
+  for (int hang = first; hang <= last; ++hang) {
+    if (!row_needs_asking(hang)) continue;
+    for (int lie = 1; lie <= GetLieCount(); ++lie) GetHangLieString(hang, lie);
+  }
 }
 
 bool CTableWnd::row_needs_asking(int) {

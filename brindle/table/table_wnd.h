@@ -218,11 +218,12 @@ class CTableWnd : public CWnd {
   // Back to the defaults, without touching the window; the owner is gone too.
   virtual void ResetData();
 
-  // Whether a row out of sight has to be asked at each repaint all the same, because asking has
-  // effects on others.
+  // Whether a row out of sight has to be asked for its texts at each repaint all the same, because
+  // asking has effects on others.
   virtual bool row_needs_asking(int hang);
-  // Asks such a row: for all its texts, unless a derived class knows a shorter way to the effects.
-  virtual void ask_row(int hang);
+  // Asks such rows of those from `first` to `last`. A derived class may know a shorter way to the
+  // effects.
+  virtual void ask_rows(int first, int last);
   // Pixels at the window's left under which column `lie` is hidden now by columns that don't
   // scroll.
   virtual int covered_width(int lie);

@@ -138,17 +138,14 @@ void CTableWnd::DrawContent(CDC* dc) {
   clip.top = std::max(clip.top, LONG{m_nTitleHeight});
   const RowSpan rows = table_rows_between(layout(), clip.top, clip.bottom);
   const int columns = GetLieCount();
-  for (int hang = 1; hang <= m_nHangCount; ++hang) {
-    const bool in_sight = rows.first <= hang && hang <= rows.last;
-    if (!in_sight) {
-      if (row_needs_asking(hang)) ask_row(hang);
-      continue;
-    }
+  ask_rows(1, std::min(rows.first - 1, m_nHangCount));
+  for (int hang = rows.first; hang <= std::min(rows.last, m_nHangCount); ++hang) {
     for (int lie = 1; lie <= columns; ++lie) {
       const CString text = GetHangLieString(hang, lie);
       DrawACell(dc, hang, lie, text);
     }
   }
+  ask_rows(std::max(rows.first, rows.last + 1), m_nHangCount);
 }
 
 void CTableWnd::DrawSelectTag(CDC* dc, int hang, int lie) {
