@@ -107,7 +107,8 @@ void CTabEdit::destroy_helpers() {
 }
 
 UINT CTabEdit::message_of(UINT key) const {
-  const bool shift = is_down(VK_SHIFT), plain = !shift && !is_down(VK_CONTROL);
+  const bool shift = is_down(VK_SHIFT);
+  const bool plain = !shift && !is_down(VK_CONTROL) && !m_bMultiLine;
   const int length = GetWindowTextLength();
   int start, end;
   GetSel(start, end);
@@ -137,8 +138,10 @@ UINT CTabEdit::message_of(UINT key) const {
 // default button.
 BOOL CTabEdit::PreTranslateMessage(MSG* message) {
   const WPARAM key = message->wParam;
-  const bool own = key == VK_TAB || key == VK_RETURN || (VK_LEFT <= key && key <= VK_DOWN);
-  if (message->message == WM_KEYDOWN && own) {
+  const bool own = key == VK_TAB || (VK_LEFT <= key && key <= VK_DOWN);
+  // A key that is dispatched here isn't typed any more; in several lines Return is.
+  const bool leaves = key == VK_RETURN && !m_bMultiLine;
+  if (message->message == WM_KEYDOWN && (own || leaves)) {
     DispatchMessage(message);
     return TRUE;
   }
@@ -180,8 +183,10 @@ void CTabEdit::OnLButtonDblClk(UINT flags, CPoint point) {
   if (CWnd* const grid = GetParent()) grid->SendMessage(WM_TABLE_EDIT_DOUBLE_CLICK);
 }
 
+// Escape is the dialog's unless the grid keeps it.
 UINT CTabEdit::OnGetDlgCode() {
-  return CEdit::OnGetDlgCode() | DLGC_WANTTAB | DLGC_WANTARROWS | DLGC_WANTALLKEYS;
+  const UINT code = CEdit::OnGetDlgCode() | DLGC_WANTTAB | DLGC_WANTARROWS;
+  return m_bMultiLine ? code | DLGC_WANTALLKEYS : code;
 }
 
 BOOL CTabEdit::OnCommand(WPARAM wParam, LPARAM lParam) {

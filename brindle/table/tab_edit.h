@@ -38,7 +38,7 @@ class CTabEditInputNum : public CWnd {
   std::array<CButton, 13> m_arKey;
 };
 
-// Up, Down and Return stay with the control while m_bMultiLine is set.
+// The arrows and Return stay with the control while m_bMultiLine is set.
 class CTabEdit : public CEdit {
  public:
   int m_bMultiLine = 0;
