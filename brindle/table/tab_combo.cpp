@@ -34,14 +34,7 @@ bool CTabCombo::key_down(UINT key) {
       return true;
     case VK_LEFT:
     case VK_RIGHT:
-      if (CEdit* const field = edit_control()) {  // inside its text the caret moves
-        int start, end;
-        field->GetSel(start, end);
-        const int length = field->GetWindowTextLength();
-        const bool all = start == 0 && end == length;
-        const bool leaves = key == VK_LEFT ? end == 0 : start == length;
-        if (shift || !(leaves || all)) return false;
-      }
+      if (has_edit_field() && (shift || is_down(VK_CONTROL))) return false;
       tell_grid(key == VK_LEFT ? WM_TABLE_PREVIOUS_CELL : WM_TABLE_NEXT_CELL);
       return true;
     case VK_PRIOR:
@@ -64,6 +57,12 @@ bool CTabCombo::key_down(UINT key) {
 
 // Keys reach the box here also when its edit field has the focus.
 BOOL CTabCombo::PreTranslateMessage(MSG* message) {
+  if (message->message == WM_KEYDOWN && message->wParam == VK_ESCAPE) {
+    if (message->hwnd != m_hWnd) key_down(VK_ESCAPE);  // else OnKeyDown does it
+    if (!GetDroppedState()) return CComboBox::PreTranslateMessage(message);
+    DispatchMessage(message);  // a dialog around must not be cancelled by closing the list
+    return TRUE;
+  }
   if (message->message == WM_KEYDOWN && key_down(static_cast<UINT>(message->wParam))) return TRUE;
   const bool leaving_char = message->wParam == L'\t' || message->wParam == L'\r';
   if (message->message == WM_CHAR && leaving_char) return TRUE;
@@ -86,7 +85,7 @@ void CTabCombo::OnLButtonDblClk(UINT flags, CPoint point) {
 }
 
 UINT CTabCombo::OnGetDlgCode() {
-  return CComboBox::OnGetDlgCode() | DLGC_WANTTAB | DLGC_WANTARROWS | DLGC_WANTALLKEYS;
+  return CComboBox::OnGetDlgCode() | DLGC_WANTTAB | DLGC_WANTARROWS;
 }
 
 void CTabCombo::OnSelchange() {
@@ -112,14 +111,18 @@ BOOL CTabCombo::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
   const BOOL done = CComboBox::OnChildNotify(message, wParam, lParam, result);
   if (message != WM_COMMAND) return done;
   switch (HIWORD(wParam)) {
+    case CBN_DROPDOWN:
+      m_bListOpen = true;
+      break;
     case CBN_SELCHANGE:
       OnSelchange();
       break;
     case CBN_CLOSEUP:
+      m_bListOpen = false;
       OnCloseup();
       break;
-    case CBN_SELENDOK:
-      OnSelendok();
+    case CBN_SELENDOK:  // the arrows send it without a list too, which ends nothing
+      if (m_bListOpen) OnSelendok();
       break;
     case CBN_KILLFOCUS:
       if (has_edit_field()) tell_grid(WM_TABLE_COMBO_LOST_FOCUS);
@@ -131,12 +134,8 @@ BOOL CTabCombo::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
 }
 
 int CTabBmpCombo::AddBitmapItem(UINT id) {
-  const int index = AddString(L"");
-  SetItemData(index, id);
-  if (const auto picture = find_table_bitmap(id)) {
-    SetItemHeight(index, static_cast<UINT>(picture->height()));
-  }
-  return index;
+  // The box has no texts: what stands in a text's place is the item's data.
+  return AddString(reinterpret_cast<LPCTSTR>(UINT_PTR{id}));
 }
 
 void CTabBmpCombo::MeasureItem(LPMEASUREITEMSTRUCT item) {

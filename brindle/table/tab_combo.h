@@ -6,6 +6,8 @@
 
 namespace brindle {
 
+// Left and Right leave the box whatever stands in its edit field: the caret moves by Home and End,
+// or with Shift or Control.
 class CTabCombo : public CComboBox {
  public:
   ~CTabCombo() override { DestroyWindow(); }
@@ -28,6 +30,7 @@ class CTabCombo : public CComboBox {
 
  private:
   bool has_edit_field() const;
+  bool m_bListOpen = false;  // from CBN_DROPDOWN to CBN_CLOSEUP
   // Whether the key went to the grid and needs nothing more.
   bool key_down(UINT key);
   void tell_grid(UINT message, WPARAM wParam = 0);

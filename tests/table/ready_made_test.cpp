@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "brindle/platform/graphics/raster_bitmap.h"
+#include "brindle/platform/window/dialog.h"
+#include "brindle/platform/window/window_input.h"
 #include "brindle/platform/window/window_picture.h"
 #include "brindle/table/easy_bmp_sel.h"
 #include "brindle/table/easy_input.h"
@@ -195,6 +197,7 @@ TEST(Editors, KeysBecomeMessages) {
       {VK_DOWN, 1, 0, 0x1606, 0x1608},   {VK_LEFT, 0, 0, 0x1604, 0x1604},
       {VK_LEFT, 1, 0, 0, 0x1604},        {VK_RIGHT, 3, 0, 0x1603, 0x1603},
       {VK_RIGHT, 2, 0, 0, 0x1603},       {VK_ESCAPE, 1, 0, 0x1615, 0x1615},
+      {VK_LEFT, 0, 1, 0, 0x1604},        {VK_RIGHT, 3, 1, 0, 0x1603},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.key);
@@ -218,6 +221,56 @@ TEST(Editors, KeysBecomeMessages) {
     EXPECT_TRUE(grid.was_told(0x1616));
     EXPECT_FALSE(shown(list));
   }
+}
+
+// On their way keys pass by the windows around, which may take them.
+TEST(Editors, KeysThatWereTypedAreToldOnce) {
+  Host grid;
+  CTabCombo list, box;
+  list.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, CRect(0, 30, 80, 130), &grid, 2);
+  box.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, CRect(0, 60, 80, 160), &grid, 3);
+  for (CTabCombo* combo : {&list, &box}) {
+    for (const wchar_t* item : {L"p", L"q", L"r"}) combo->AddString(item);
+    combo->SetFocus();
+    for (const auto& [key, message] : {std::pair{VK_ESCAPE, 0x1615}, {VK_LEFT, 0x1604}}) {
+      grid.told.clear();
+      route_key_press(grid, static_cast<UINT>(key));
+      EXPECT_EQ(grid.told, std::vector<UINT>{static_cast<UINT>(message)});
+    }
+  }
+  // The arrows choose in a closed list, which ends nothing; the end of an open one does.
+  box.SetFocus();
+  grid.told.clear();
+  route_key_press(grid, VK_DOWN);
+  EXPECT_EQ(grid.told, std::vector<UINT>{0x1608});
+  box.ShowDropDown();
+  grid.told.clear();
+  route_key_press(grid, VK_DOWN);
+  box.SendMessage(WM_KEYDOWN, VK_F4);
+  EXPECT_EQ(grid.told, (std::vector<UINT>{0x1608, 0x1616, 0x1607}));
+
+  CDialog dialog;
+  dialog.CDialog::Create(0u);
+  CEasyInput form(60, 90);
+  CString note(L"one");
+  form.AddCString(L"note", &note)->m_bMutiLine = 1;
+  form.AddCString(L"name", &note);
+  form.Create(CRect(0, 0, 150, 60), &dialog, 7);
+  form.ShowWindow(SW_SHOW);
+  dialog.ShowWindow(SW_SHOW);
+  form.MoveEdit(1, 2);
+  form.m_Edit.SetSel(-1, -1);
+  for (const UINT key : {UINT{VK_RETURN}, UINT{'x'} & ~0x20u}) route_key_press(dialog, key);
+  form.MoveEdit(2, 2);
+  EXPECT_EQ(note, L"one\r\nx");
+  bool cancelled = false;
+  dialog.on_command(IDCANCEL, [&] { cancelled = true; });
+  for (const int keeps : {1, 0}) {
+    form.SetConctrlESC(keeps);
+    route_key_press(dialog, VK_ESCAPE);
+    EXPECT_EQ(cancelled, !keeps);
+  }
+  dialog.DestroyWindow();
 }
 
 TEST(Editors, TypingAndThePadReachTheGrid) {
