@@ -7,6 +7,7 @@
 #include "brindle/platform/base/utf16.h"
 #include "brindle/platform/window/dialog_template.h"
 #include "brindle/table/easy_table_wnd.h"
+#include "brindle/table/table_messages.h"
 
 namespace brindle {
 namespace {
@@ -87,9 +88,7 @@ CRect CDlgTabInput::GetCancelPos(CSize client) const {
 INT_PTR CDlgTabInput::DoModal() {
   const DLGTEMPLATE* const bytes = GetDlgInputTemplate();
   if (!InitModalIndirect(bytes, nullptr, template_.size() * sizeof(DWORD))) return IDCANCEL;
-  const INT_PTR result = CDialog::DoModal();
-  if (m_pTable && m_pTable->GetSafeHwnd()) m_pTable->DestroyWindow();
-  return result;
+  return CDialog::DoModal();
 }
 
 BOOL CDlgTabInput::OnInitDialog() {
@@ -100,11 +99,17 @@ BOOL CDlgTabInput::OnInitDialog() {
     return FALSE;
   }
   m_pTable->InitialAllData();  // tells the size
-  const int width = std::clamp(m_pTable->GetNeedWidth() + 2, 2 * kButtonWidth, kMostWidth);
+  const int width = std::min(m_pTable->GetNeedWidth(), kMostWidth);
   const int height = std::clamp(m_pTable->GetNeedHeight() + 2, 20, kMostHeight);
-  const CSize client(width + 2 * kMargin, height + kButtonHeight + 3 * kMargin);
-
-  CRect window, inside;
+  m_pTable->Create(CRect(CPoint(kMargin, kMargin), CSize(width, height)), this, kGridId);
+  // Bars make the grid larger, also one that comes later with more rows.
+  CRect window, inside, grid;
+  m_pTable->GetWindowRect(&grid);
+  const int to_come = m_pTable->m_bMenu && !m_pTable->m_bVScroll
+                          ? std::max(m_pTable->GetSysVScrollWidth() - kMargin, 0)
+                          : 0;
+  const CSize client(std::max(grid.Width() + to_come, 2 * kButtonWidth + kMargin) + 2 * kMargin,
+                     grid.Height() + kButtonHeight + 3 * kMargin);
   GetWindowRect(&window);
   GetClientRect(&inside);
   const int frame_width = window.Width() - inside.Width();
@@ -114,11 +119,12 @@ BOOL CDlgTabInput::OnInitDialog() {
   if (m_nX < 0 || m_nY < 0) CenterWindow();
   if (CWnd* const button = GetDlgItem(IDOK)) button->MoveWindow(GetOkPos(client));
   if (CWnd* const button = GetDlgItem(IDCANCEL)) button->MoveWindow(GetCancelPos(client));
-  const CRect place(kMargin, kMargin, kMargin + width, kMargin + height);
-  m_pTable->Create(place, this, kGridId);
   m_pTable->SetWindowPos(&wndTop, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
   m_pTable->ShowWindow(SW_SHOW);
   m_pTable->SetFocus();
+  // Once all is shown the editor goes to the first cell, so that one can type at once.
+  m_pTable->m_nEditHang = m_pTable->m_nEditLie = 1;
+  m_pTable->PostMessage(WM_TABLE_NEXT_CELL);
   return FALSE;  // the focus is where it belongs
 }
 

@@ -23,17 +23,18 @@ class CDlgTabInput : public CDialog {
   BOOL OnInitDialog() override;
   void OnOK() override;
 
+  // The dialog's template: title and buttons. Good until the next call.
+  const DLGTEMPLATE* GetDlgInputTemplate();
+  // Where the buttons stand in a client area of that size.
+  CRect GetOkPos(CSize client) const;
+  CRect GetCancelPos(CSize client) const;
+
   CString m_strTitle, m_strOk, m_strCancel;
   CTableWnd* m_pTable = nullptr;
   // Place on the screen; -1 for the middle.
   int m_nX = -1, m_nY = -1;
 
  private:
-  const DLGTEMPLATE* GetDlgInputTemplate();
-  // Where the buttons stand in a client area of that size.
-  CRect GetOkPos(CSize client) const;
-  CRect GetCancelPos(CSize client) const;
-
   std::vector<DWORD> template_;
 };
 
