@@ -383,6 +383,7 @@ class CTableWnd : public CWnd {
   // The mouse.
   int boundary_shift(int i);
   bool start_title_drag(CPoint point);
+  void place_editor();
   void drag_title(CPoint point);
   void click_title(CPoint point);
   void select_by_click(int hang, int lie, UINT flags);

@@ -44,6 +44,12 @@ int CTableWnd::boundary_shift(int i) {
   return rect.left - table_cell_rect(layout(), 0, i, false).left + m_nLieShift;
 }
 
+// After a drag the editor goes to where its cell is now.
+void CTableWnd::place_editor() {
+  commit_pending();
+  refresh_editor();
+}
+
 bool CTableWnd::start_title_drag(CPoint point) {
   if (!m_bTitleDragEnabled) return false;
   for (int i = 1; i < m_arTitlePos.GetSize(); ++i) {
@@ -124,7 +130,7 @@ void CTableWnd::OnLButtonUp(UINT, CPoint) {
   const bool dragged = m_bTitleDrag, held = m_bBtnDown;
   m_bTitleDrag = m_bBtnDown = 0;
   if ((dragged || held) && GetCapture() == this) ReleaseCapture();
-  if (dragged) refresh_editor();
+  if (dragged) place_editor();
   if (!held || !has_cell(m_nBtnHang, m_nBtnLie)) return;
   InvalidateCell(m_nBtnHang, m_nBtnLie);
   const int id = GetButtonID(m_nBtnHang, m_nBtnLie);
@@ -155,7 +161,7 @@ void CTableWnd::drag_title(CPoint point) {
       m_arTitlePos[i + 1] - x <= kClosest) {
     m_bTitleDrag = 0;
     if (GetCapture() == this) ReleaseCapture();
-    refresh_editor();
+    place_editor();
     return;
   }
   m_arTitlePos[i] = x;

@@ -97,6 +97,11 @@ class Grid : public CTableWnd {
     SendMessage(WM_LBUTTONDOWN, flags | MK_LBUTTON, MAKELPARAM(at.x, at.y));
     SendMessage(WM_LBUTTONUP, flags, MAKELPARAM(at.x, at.y));
   }
+  void drag(int from, int to) {
+    SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from, 10));
+    SendMessage(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(to, 10));
+    SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(to, 10));
+  }
   bool editing() const { return (m_Edit.GetStyle() & WS_VISIBLE) != 0; }
   CString edit_text() const {
     CString text;
@@ -244,6 +249,7 @@ TEST_F(TableWnd, WhatWasTypedIsCommittedWhicheverWayLeadsAway) {
       {"resize", [](Grid& g) { g.ResetSize(300, 200, 0); }},
       {"focus", [](Grid& g) { g.GetParent()->SetFocus(); }},
       {"title", [](Grid& g) { g.click(0, 3); }},
+      {"column drag", [](Grid& g) { g.drag(123, 130); }},
       {"menu command", [](Grid& g) { g.SendMessage(WM_COMMAND, ID_TABLE_ADD); }},
       {"combo", [](Grid& g) { g.click(5, 4); }},
       {"close", [](Grid& g) { g.DestroyWindow(); }},
@@ -260,6 +266,8 @@ TEST_F(TableWnd, WhatWasTypedIsCommittedWhicheverWayLeadsAway) {
       g.widths = {40, 80, 80, 180};
       g.checks = {{6, 2}};
       g.open(parent, 280, 230);
+      g.m_bTitleDragEnabled = 1;
+      for (const int x : {0, 40, 120, 200, 380}) g.m_arTitlePos.Add(x);
       g.combos = {{5, 4}};
       if (in_list) g.combos.insert({2, 2});
       g.combo.Create(WS_CHILD | CBS_DROPDOWN, CRect(0, 0, 50, 100), &g, 50);
@@ -411,16 +419,11 @@ TEST_F(TableWnd, BoundariesKeepTheirDistance) {
   open();
   grid.m_bTitleDragEnabled = 1;
   for (const int x : {0, 40, 120, 200, 280}) grid.m_arTitlePos.Add(x);
-  const auto drag = [&](int from, int to) {
-    grid.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from, 10));
-    grid.SendMessage(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(to, 10));
-    grid.SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(to, 10));
-  };
-  drag(123, 136);
+  grid.drag(123, 136);
   EXPECT_EQ(grid.m_arLieWidth[1], 96u);
   EXPECT_EQ(grid.m_arLieWidth[2], 64u);
-  drag(136, 185);
-  drag(136, 55);
+  grid.drag(136, 185);
+  grid.drag(136, 55);
   EXPECT_EQ(grid.m_arTitlePos[2], 136);
   grid.click(0, 2);
   EXPECT_EQ(grid.title_clicked, 2);
@@ -428,9 +431,9 @@ TEST_F(TableWnd, BoundariesKeepTheirDistance) {
   grid.ResetSize(180, 230, 0);
   grid.SendMessage(WM_HSCROLL, SB_PAGEDOWN);
   ASSERT_EQ(grid.m_nLieShift, -35);
-  drag(136, 120);
+  grid.drag(136, 120);
   EXPECT_EQ(grid.m_arTitlePos[2], 136);
-  drag(136 - 35, 111);
+  grid.drag(136 - 35, 111);
   EXPECT_EQ(grid.m_arTitlePos[2], 146);
   EXPECT_EQ(grid.m_arLieWidth[1], 106u);
 }
