@@ -27,6 +27,11 @@ BOOL CButton::Create(LPCTSTR text, DWORD style, const RECT& rect, CWnd* parent, 
   return CWnd::Create(L"BUTTON", text, style, rect, parent, id);
 }
 
+BOOL CButton::PreCreateWindow(CREATESTRUCT& create) {
+  if ((create.style & BS_TYPEMASK) == BS_GROUPBOX) create.dwExStyle |= WS_EX_TRANSPARENT;
+  return CWnd::PreCreateWindow(create);
+}
+
 void CButton::SetCheck(int check) {
   if (!is_check(kind()) && !is_radio(kind())) return;
   const int most = kind() == BS_3STATE || kind() == BS_AUTO3STATE ? 2 : 1;

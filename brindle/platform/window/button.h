@@ -16,6 +16,8 @@ class CButton : public CWnd {
   void SetCheck(int check);
   // Check, BST_PUSHED and BST_FOCUS together.
   UINT GetState() const;
+  // A group frame stands under its siblings, whichever was made first.
+  BOOL PreCreateWindow(CREATESTRUCT& create) override;
   // Shows the button pressed, or not.
   void SetState(BOOL pushed);
   UINT GetButtonStyle() const { return GetStyle() & 0xFFFF; }

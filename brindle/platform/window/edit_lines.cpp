@@ -76,8 +76,8 @@ void EditState::break_line(CDC& dc, const std::wstring& whole, int start, int en
         high = middle - 1;
     }
     int next = low;
-    while (next > start && !is_blank(at(next - 1)) && !stands_alone(at(next)) &&
-           !stands_alone(at(next - 1)))
+    while (next > start && !is_blank(at(next - 1)) && !is_blank(at(next)) &&
+           !stands_alone(at(next)) && !stands_alone(at(next - 1)))
       --next;
     if (next == start) next = low;                    // a word longer than the box
     while (next < end && is_blank(at(next))) ++next;  // blanks hang over the edge

@@ -151,7 +151,8 @@ WindowHit hit_window(CWnd& top, CPoint at) {
     if (!CRect(CPoint(), state.client_size()).PtInRect(inside)) return {window, HTBORDER};
     const auto under = [&](const CWnd* child) {
       const WindowState& below = window_state(*child);
-      return below.has(WS_VISIBLE) && !below.has(WS_DISABLED) && below.rect.PtInRect(inside);
+      return below.has(WS_VISIBLE) && !below.has(WS_DISABLED) &&
+             (below.extended_style & WS_EX_TRANSPARENT) == 0 && below.rect.PtInRect(inside);
     };
     const auto child = std::find_if(state.children.begin(), state.children.end(), under);
     if (child == state.children.end()) return {window, HTCLIENT};

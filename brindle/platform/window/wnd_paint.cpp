@@ -52,11 +52,12 @@ void compose(CWnd& window, RasterBitmap& target, CRect clip, CPoint at) {
     paint_bars(dc, window, at);
     if (state.paints_menu) paint_menu_bar(dc, window, at);
   }
-  for (auto child = state.children.rbegin(); child != state.children.rend(); ++child) {
-    const WindowState& below = window_state(**child);
-    if (below.has(WS_VISIBLE))
-      compose(**child, target, inner, origin + CSize(below.rect.TopLeft()));
-  }
+  for (const DWORD see_through : {WS_EX_TRANSPARENT, DWORD{0}})
+    for (auto child = state.children.rbegin(); child != state.children.rend(); ++child) {
+      const WindowState& below = window_state(**child);
+      if (below.has(WS_VISIBLE) && (below.extended_style & WS_EX_TRANSPARENT) == see_through)
+        compose(**child, target, inner, origin + CSize(below.rect.TopLeft()));
+    }
 }
 
 CRect whole_client(const CWnd& window) {

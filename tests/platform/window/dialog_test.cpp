@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "brindle/platform/graphics/system_metrics.h"
 #include "brindle/platform/window/button.h"
 #include "brindle/platform/window/combo_box.h"
 #include "brindle/platform/window/dialog.h"
@@ -374,6 +375,90 @@ TEST(Menu, BuildsChangesAndIsAnswered) {
   menu.TrackPopupMenu(0, 0, 0, &top);
   EXPECT_EQ(top.take(), "32793/0 ");
   user.menu_answer = nullptr;
+}
+
+TEST(EditLines, BreakAtTheEdgeUnlessTheBoxScrolls) {
+  Parent top;
+  // Twelve letters, or six ideographs, fill a line.
+  const CRect place(0, 0, 12 * 6 + 2, 100);
+  const struct {
+    const wchar_t* text;
+    DWORD style;
+    std::vector<std::wstring> lines;
+  } cases[] = {
+      {L"one two three four", 0, {L"one two ", L"three four"}},
+      {L"one two three four", ES_AUTOHSCROLL, {L"one two three four"}},
+      {L"twelve chars\r\nx", 0, {L"twelve chars", L"x"}},
+      {L"twelve chars more", 0, {L"twelve chars ", L"more"}},
+      {L"abcdefghijklmnop q", 0, {L"abcdefghijkl", L"mnop q"}},
+      {L"钢筋混凝土梁的配筋", 0, {L"钢筋混凝土梁", L"的配筋"}},
+      {L"\r\n\r\nend ", 0, {L"", L"", L"end "}},
+      {L"", 0, {L""}},
+  };
+  for (const auto& test : cases) {
+    CEdit edit;
+    edit.Create(WS_VISIBLE | ES_MULTILINE | test.style, place, &top, 3);
+    edit.SetWindowText(test.text);
+    std::vector<std::wstring> lines;
+    for (int i = 0; i < edit.GetLineCount(); ++i) {
+      wchar_t buffer[100];
+      lines.emplace_back(buffer, static_cast<size_t>(edit.GetLine(i, buffer, 100)));
+      EXPECT_EQ(edit.LineFromChar(edit.LineIndex(i)), i);
+    }
+    EXPECT_EQ(lines, test.lines) << std::wstring(test.text).size();
+  }
+}
+
+TEST(EditLines, TheCaretTravelsByTheLinesThatAreSeen) {
+  Parent top;
+  CEdit edit;
+  edit.Create(WS_VISIBLE | WS_VSCROLL | ES_MULTILINE, CRect(0, 0, 12 * 6 + 2 + 17, 30), &top, 3);
+  edit.SetWindowText(L"one two three four five six");  // lines from 0, 8, 19
+  edit.SetFocus();
+  const std::pair<UINT, int> steps[] = {{VK_END, 7},   {VK_DOWN, 15}, {VK_DOWN, 26},
+                                        {VK_HOME, 19}, {VK_UP, 8},    {VK_UP, 0},
+                                        {VK_END, 7},   {VK_RIGHT, 8}, {VK_NEXT, 19}};
+  for (const auto& [key, caret] : steps) {
+    route_key_press(top, key);
+    EXPECT_EQ(edit.GetCaretIndex(), caret) << key;
+  }
+  EXPECT_EQ(edit.GetFirstVisibleLine(), 1);
+  EXPECT_EQ(edit.GetScrollPos(SB_VERT), 1);
+  EXPECT_EQ(edit.GetScrollLimit(SB_VERT), 1);
+  const CPoint beyond = edit.PosFromChar(15) + CSize(200, 1);
+  EXPECT_EQ(LOWORD(static_cast<DWORD>(edit.CharFromPos(beyond))), 18);
+}
+
+TEST(SimpleCombo, ShowsItsListAlways) {
+  Parent top;
+  CComboBox box;
+  box.Create(WS_VISIBLE | WS_TABSTOP | CBS_SIMPLE, CRect(10, 10, 110, 110), &top, 4);
+  for (const wchar_t* text : {L"a", L"b", L"c"}) box.AddString(text);
+  CRect place;
+  box.GetWindowRect(place);
+  EXPECT_EQ(place.Height(), 100);
+  EXPECT_FALSE(box.GetDroppedState());
+  top.take();
+  const int first_row = 10 + box.GetItemHeight(-1) + 6 + 1;
+  route_mouse(top, WM_LBUTTONDOWN, MK_LBUTTON, CPoint(20, first_row + box.GetItemHeight(0) + 2));
+  EXPECT_EQ(box.GetCurSel(), 1);
+  EXPECT_EQ(text_of(box), L"b");
+  EXPECT_EQ(CWnd::GetFocus(), box.edit_control());
+  EXPECT_EQ(top.take(), "4/3 4/1 ");
+  route_key_press(top, VK_DOWN);
+  EXPECT_EQ(box.GetCurSel(), 2);
+  EXPECT_EQ(top.take(), "4/9 4/1 ");
+}
+
+TEST(GroupFrame, StandsUnderTheControlsInIt) {
+  Parent top;
+  CButton frame, check;
+  frame.Create(L"group", WS_VISIBLE | BS_GROUPBOX, CRect(0, 0, 200, 200), &top, 1);
+  check.Create(L"", WS_VISIBLE | BS_AUTOCHECKBOX, CRect(20, 20, 40, 40), &top, 2);
+  route_mouse(top, WM_LBUTTONDOWN, MK_LBUTTON, CPoint(25, 30));
+  route_mouse(top, WM_LBUTTONUP, 0, CPoint(25, 30));
+  EXPECT_EQ(check.GetCheck(), 1);
+  EXPECT_EQ(color_of(window_picture(top).at(22, 30)), GetSysColor(COLOR_WINDOW));
 }
 
 TEST(ToolTip, ComesAfterAWhileAndGoes) {

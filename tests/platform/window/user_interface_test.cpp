@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "brindle/platform/window/headless_user_interface.h"
+#include "brindle/platform/window/wnd.h"
 
 namespace brindle {
 namespace {
@@ -31,6 +32,37 @@ TEST(HeadlessUserInterface, WritesEveryMessageToStandardError) {
   ui.message_box(MessageGrade::kError, 301, L"打不开文件: a.dat");
   ui.prompt_window().append(0, L"第1步");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "[301] 打不开文件: a.dat\n[0] 第1步\n");
+}
+
+TEST(HeadlessUserInterface, AnswersQuestionsByTheDefaultButtonOrAsTold) {
+  const struct {
+    UINT type;
+    std::deque<int> told;
+    int answer;
+  } cases[] = {
+      {MB_OK, {}, IDOK},
+      {MB_OKCANCEL, {}, IDOK},
+      {MB_OKCANCEL | MB_DEFBUTTON2, {}, IDCANCEL},
+      {MB_YESNOCANCEL | MB_ICONQUESTION, {}, IDYES},
+      {MB_YESNOCANCEL | MB_DEFBUTTON3, {}, IDCANCEL},
+      {MB_YESNO | MB_DEFBUTTON3, {}, IDYES},
+      {MB_YESNO, {IDNO}, IDNO},
+      {MB_YESNO, {IDCANCEL}, IDYES},
+      {MB_ABORTRETRYIGNORE, {IDIGNORE}, IDIGNORE},
+      {MB_RETRYCANCEL, {}, IDRETRY},
+      {0x0F, {}, IDOK},
+  };
+  for (const auto& test : cases) {
+    HeadlessUserInterface ui;
+    UserInterface* before = set_user_interface(&ui);
+    ui.answers = test.told;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(AfxMessageBox(L"save?", test.type), test.answer) << test.type;
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "[0] save?\n");
+    EXPECT_TRUE(ui.answers.empty());
+    EXPECT_EQ(CWnd().MessageBox(L"again", nullptr, MB_OK), IDOK);
+    set_user_interface(before);
+  }
 }
 
 TEST(HeadlessUserInterface, CancelsFileChoiceAndKeepsTheClipboard) {

@@ -218,6 +218,31 @@ TEST_F(Windows, BarsComeAndGoWithTheirRangeAndSendWhatTheMouseDoes) {
   EXPECT_EQ(take(), Log{"child size 98x48"});
 }
 
+TEST_F(Windows, HeldBarsScrollOnWhileTheMouseStaysThere) {
+  child.SetScrollRange(SB_VERT, 0, 30);
+  take();
+  const CPoint arrow(20 + 1 + 90, 10 + 1 + 45);
+  MemoryWindowBackend& backend = memory_window_backend();
+  route_mouse(top, WM_LBUTTONDOWN, MK_LBUTTON, arrow);
+  backend.advance(399);
+  EXPECT_EQ(take(), Log{"child vscroll 1 0"});
+  backend.advance(1 + 100);
+  EXPECT_EQ(take(), Log(3, "child vscroll 1 0"));
+  route_mouse(top, WM_MOUSEMOVE, MK_LBUTTON, arrow - CSize(30, 0));
+  backend.advance(200);
+  EXPECT_EQ(take(), Log());
+  route_mouse(top, WM_MOUSEMOVE, MK_LBUTTON, arrow);
+  backend.advance(50);
+  route_mouse(top, WM_LBUTTONUP, 0, arrow);
+  backend.advance(1000);
+  EXPECT_EQ(take(), (Log{"child vscroll 1 0", "child vscroll 8 0"}));
+  // It may end in the middle.
+  route_mouse(top, WM_LBUTTONDOWN, MK_LBUTTON, arrow);
+  child.DestroyWindow();
+  backend.advance(1000);
+  route_mouse(top, WM_LBUTTONUP, 0, arrow);
+}
+
 TEST_F(Windows, PaintsWhatIsInvalidAndKeepsTheRest) {
   EXPECT_EQ(color_of(window_picture(top).at(1, 1)), RGB(200, 0, 0));
   EXPECT_EQ(top.painted, CRect(0, 0, 200, 150));
