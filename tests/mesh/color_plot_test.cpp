@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 #include <memory>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,6 +22,8 @@
 #include "brindle/platform/opengl/offscreen_context.h"
 #include "brindle/sketch/pen/base_sgt.h"
 #include "tests/mesh/plain_field.h"
+#include "tests/support/expect_numbers.h"
+#include "tests/support/random.h"
 #include "tests/support/recorded_messages.h"
 
 namespace brindle {
@@ -153,8 +154,8 @@ void plain_plot(CChang& field, CFCoor& coor, float scale, RasterDevice& device) 
 }
 
 TEST(ColorPlot, EqualsThePlainMethod) {
-  std::mt19937 random(11);
-  std::uniform_real_distribution<float> any(-1, 1);
+  Random random(11);
+  const auto any = [&](Random& r) { return static_cast<float>(r(-1, 1)); };
   for (int round = 0; round < 12; ++round) {
     CChang field;
     testing::fill_square(field, 9, 60, [&](float, float) { return 10 * any(random); });
@@ -281,14 +282,15 @@ TEST(Chang98, ColorsOfNodes) {
   RasterDevice device(120, 120);
   CDC dc(device);
   EXPECT_EQ(field.Draw_CaiSeTu(&dc, &area, &ramp.coor, 0, 1), 1);
-  EXPECT_EQ(color_at(device, 0, 50), RGB(255, 0, 0));
+  expect_equal({color_at(device, 0, 50), color_at(device, 110, 50)},
+               {RGB(255, 0, 0), RGB(255, 255, 255)});
   EXPECT_NEAR(GetBValue(color_at(device, 99, 50)), 255, 3);
-  EXPECT_EQ(color_at(device, 110, 50), RGB(255, 255, 255));
   field.m_clrLow = RGB(10, 20, 30), field.m_clrHigh = RGB(110, 20, 255);
   field.Draw_CaiSeTu(&dc, &area, &ramp.coor, 0, 1);
   EXPECT_EQ(color_at(device, 0, 50), RGB(10, 20, 30));
-  EXPECT_NEAR(GetRValue(color_at(device, 99, 50)), 10 + 100 * 213 / 255, 3);
-  EXPECT_NEAR(GetBValue(color_at(device, 99, 50)), 30 + 225 * 213 / 255, 3);
+  const COLORREF right = color_at(device, 99, 50);
+  expect_near({GetRValue(right), GetBValue(right)}, {10 + 100 * 213 / 255, 30 + 225 * 213 / 255},
+              3);
   field.m_arrayTri[0].n2 = 5;
   EXPECT_EQ(field.Draw_CaiSeTu(&dc, &area, &ramp.coor, 0, 1), 0);
 }

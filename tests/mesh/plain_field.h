@@ -15,16 +15,24 @@ namespace brindle::testing {
 
 using Line = CArray<CDengGaoDian, CDengGaoDian>;
 
+inline INT_PTR add_triangle(CChang& field, std::int64_t a, std::int64_t b, std::int64_t c) {
+  CChangTri t;
+  t.n1 = a, t.n2 = b, t.n3 = c;
+  return field.m_arrayTri.Add(t);
+}
+
+inline INT_PTR add_node(CChang& field, float x, float y, float value) {
+  CChangNode n;
+  n.x = x, n.y = y, n.values[0] = value;
+  return field.m_arrayNode.Add(n);
+}
+
 inline int plain_add_node(CChang& field, const CFPoint& p) {
   for (INT_PTR i = 0; i < field.m_arrayNode.GetSize(); ++i) {
     const CChangNode& n = field.m_arrayNode[i];
     if (get_dist(n.x, n.y, p.x, p.y) < 0.0001f) return static_cast<int>(i) + 1;
   }
-  CChangNode n;
-  n.x = p.x;
-  n.y = p.y;
-  n.values[0] = p.z;
-  return static_cast<int>(field.m_arrayNode.Add(n)) + 1;
+  return static_cast<int>(add_node(field, p.x, p.y, p.z)) + 1;
 }
 
 inline INT_PTR plain_add_triangle(CChang& field, const CFPoint p[3]) {
@@ -37,11 +45,7 @@ inline INT_PTR plain_add_triangle(CChang& field, const CFPoint p[3]) {
       return i;
     }
   }
-  CChangTri t;
-  t.n1 = a;
-  t.n2 = b;
-  t.n3 = c;
-  return field.m_arrayTri.Add(t);
+  return add_triangle(field, a, b, c);
 }
 
 inline float plain_value(const CChang& field, float px, float py) {
@@ -121,21 +125,14 @@ template <class Value>
 void fill_square(CChang& field, int columns, float size, Value value) {
   const int side = columns + 1;
   for (int i = 0; i < side * side; ++i) {
-    CChangNode n;
-    n.x = size * static_cast<float>(i % side) / static_cast<float>(columns);
-    n.y = size * static_cast<float>(i / side) / static_cast<float>(columns);
-    n.values[0] = value(n.x, n.y);
-    field.m_arrayNode.Add(n);
+    const float x = size * static_cast<float>(i % side) / static_cast<float>(columns);
+    const float y = size * static_cast<float>(i / side) / static_cast<float>(columns);
+    add_node(field, x, y, value(x, y));
   }
   for (int i = 0; i < columns * columns; ++i) {
     const std::int64_t a = i / columns * side + i % columns + 1;
-    for (const bool upper : {false, true}) {
-      CChangTri t;
-      t.n1 = a;
-      t.n2 = upper ? a + side + 1 : a + 1;
-      t.n3 = upper ? a + side : a + side + 1;
-      field.m_arrayTri.Add(t);
-    }
+    add_triangle(field, a, a + 1, a + side + 1);
+    add_triangle(field, a, a + side + 1, a + side);
   }
 }
 

@@ -9,6 +9,7 @@
 #include "brindle/geometry/determinant.h"
 #include "brindle/mesh/geo_edge.h"
 #include "brindle/mesh/geo_polygon.h"
+#include "tests/support/expect_numbers.h"
 
 namespace brindle {
 namespace {
@@ -66,10 +67,9 @@ TEST(Determinant, AgreesWithIntegers) {
     }
   }
   const double singular[] = {1, 2, 3, 2, 4, 6, 1, 1, 1};
-  EXPECT_NEAR(Mat_Det(3, singular), 0, 1e-15);
-  EXPECT_EQ(Mat_Det(0, singular), 0);
-  EXPECT_EQ(Mat_Det(-1, singular), 0);
-  EXPECT_EQ(Mat_Det(2, nullptr), 0);
+  expect_near(
+      {Mat_Det(3, singular), Mat_Det(0, singular), Mat_Det(-1, singular), Mat_Det(2, nullptr)},
+      {0, 0, 0, 0}, 1e-15);
 }
 
 // Which digits the elimination gives decides what lies on a circle: the circle test must take its
@@ -141,15 +141,10 @@ TEST(CircleTest, ThreePoints) {
 
 TEST(GeoVector, ProductsAndLength) {
   const CGeoVector x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), v(3.0, 4.0, 12.0);
-  const CGeoVector z = x ^ y;
-  EXPECT_EQ(1, z.z);
-  EXPECT_EQ(13, v.Length());
-  EXPECT_EQ(3, v * x);
   CGeoVector tiny(3e-6, 4e-6, 0.0), unit(v);
   tiny.Normalize();
   unit.Normalize();
-  EXPECT_EQ(3e-6, tiny.x);
-  EXPECT_NEAR(1, unit.Length(), 1e-15);
+  expect_near({(x ^ y).z, v.Length(), v * x, tiny.x, unit.Length()}, {1, 13, 3, 3e-6, 1}, 1e-15);
   CGeoVertex sum = (CGeoVertex(1.0f, 2.0f, 3.0f) + v) * 2.0 / 4.0;
   sum -= CGeoVertex(2.0, 3.0, 7.5);
   EXPECT_TRUE(sum == CGeoVertex(0.0, 0.0, 9e-6));
@@ -222,11 +217,9 @@ TEST(GeoPolygon, Classifies) {
   EXPECT_EQ(CGeoPolygon::VERTEX_CONVEX, middle.PolygonVertexType(2));
   EXPECT_EQ(CGeoPolygon::VERTEX_CONCAVE, hook.PolygonVertexType(3));
   EXPECT_EQ(CGeoPolygon::VERTEX_UNKNOWN, hook.PolygonVertexType(6));
-  EXPECT_EQ(5, hook.PreviousVertex(0));
-  EXPECT_EQ(0, hook.NextVertex(5));
-  EXPECT_EQ(1, hook.Diagonal(0, 3));
-  EXPECT_EQ(0, hook.Diagonal(1, 4));
-  EXPECT_EQ(0, CGeoPolygon().Diagonal(0, 1));
+  expect_equal({hook.PreviousVertex(0), hook.NextVertex(5), hook.Diagonal(0, 3),
+                hook.Diagonal(1, 4), CGeoPolygon().Diagonal(0, 1)},
+               {5, 0, 1, 0, 0});
 }
 
 TEST(GeoPolygon, AddVertexRefusesAnyEqualOne) {
@@ -295,19 +288,16 @@ TEST(GeoPolygon, Triangulations) {
   }
   CGeoPolygon three = polygon({{0, 0}, {4, 0}, {0, 3}}), tie = polygon(kBowTie);
   three.Triangulate_CutEar();
-  EXPECT_EQ(2, three.TriangleVertex(0, 0));
-  EXPECT_EQ(0, three.TriangleVertex(0, 1));
-  EXPECT_EQ(1, three.TriangleVertex(0, 2));
-  EXPECT_EQ(0, tie.Triangulate_CutEar());
-  EXPECT_EQ(0, tie.NumOfTriangles());
+  expect_equal({three.TriangleVertex(0, 0), three.TriangleVertex(0, 1), three.TriangleVertex(0, 2)},
+               {2, 0, 1});
   CGeoPolygon two = polygon({{0, 0}, {1, 0}});
-  EXPECT_EQ(0, two.Triangulate_CutEar());
-  EXPECT_EQ(0, two.Triangulate_Delauney());
+  expect_equal({tie.Triangulate_CutEar(), tie.NumOfTriangles(), two.Triangulate_CutEar(),
+                two.Triangulate_Delauney()},
+               {0, 0, 0, 0});
   // No ear is left in a flat ring: it ends all the same.
   CGeoPolygon flat = polygon({{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}});
   flat.SetCountclockwizeDir();
-  EXPECT_EQ(1, flat.Triangulate_CutEar());
-  EXPECT_EQ(0, flat.NumOfTriangles());
+  expect_equal({flat.Triangulate_CutEar(), flat.NumOfTriangles()}, {1, 0});
 }
 
 }  // namespace
