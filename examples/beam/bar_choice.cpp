@@ -21,10 +21,6 @@ constexpr double kSideSpacing = 200;
 constexpr int kHangerDiameter = 12;  // enough for any span (9.2.6)
 constexpr double kNearlyLeast = 1.05;
 
-double bar_area(int diameter) {
-  return std::numbers::pi * diameter * diameter / 4;
-}
-
 // Legs by the width alone. The code bounds only what holds compressed bars; one more pair of legs
 // for every 400 mm of width is this program's own rule.
 int legs_by_width(double width) {
@@ -56,6 +52,16 @@ std::vector<BarRows> fitting_rows(const StirrupFrame& frame, const std::vector<d
   return found;
 }
 
+// Arrangements of bars that fit at one face, in rising order of area: the chosen one alone, or all
+// of these diameters.
+std::vector<BarRows> fitting_rows(const StirrupFrame& frame, const std::vector<double>& faces,
+                                  Face face, std::span<const int> diameters,
+                                  const std::optional<BarRows>& chosen) {
+  if (!chosen) return fitting_rows(frame, faces, face, diameters);
+  if (!bars_fit(frame, faces, face, *chosen)) return {};
+  return {*chosen};
+}
+
 // Rows of the two faces leave room for the concrete between them.
 bool faces_apart(const StirrupFrame& frame, const BarRows& bottom, const BarRows& top) {
   const int thicker = std::max(bottom.diameter, top.diameter);
@@ -84,7 +90,11 @@ class MainBarSearch {
 
   // All arrangements that carry the moment, hangers first where they are enough.
   std::vector<MainBars> run() {
-    for (const int& diameter : main_diameters(*input_.main_steel)) run_diameter(diameter);
+    if (input_.chosen.bottom) {
+      run_diameter(input_.chosen.bottom->diameter);
+    } else {
+      for (const int& diameter : main_diameters(*input_.main_steel)) run_diameter(diameter);
+    }
     return std::move(found_);
   }
 
@@ -93,10 +103,12 @@ class MainBarSearch {
   void run_diameter(const int& diameter) {
     const std::vector<double> faces = leg_faces(frame_, diameter);
     std::vector<BarRows> tops;
-    for (const BarRows& bottom : fitting_rows(frame_, faces, Face::kBottom, {&diameter, 1})) {
+    for (const BarRows& bottom :
+         fitting_rows(frame_, faces, Face::kBottom, {&diameter, 1}, input_.chosen.bottom)) {
       if (try_hangers(faces, bottom)) continue;
       if (tops.empty()) {
-        tops = fitting_rows(frame_, faces, Face::kTop, main_diameters(*input_.main_steel));
+        tops = fitting_rows(frame_, faces, Face::kTop, main_diameters(*input_.main_steel),
+                            input_.chosen.top);
       }
       try_compressed(bottom, tops);
     }
@@ -114,12 +126,12 @@ class MainBarSearch {
   // True when concrete alone carries the compression over these bars, whether they are enough or
   // not.
   bool try_hangers(const std::vector<double>& faces, const BarRows& bottom) {
-    const BarRows hangers{kHangerDiameter, frame_.legs, 0};
+    const BarRows hangers = input_.chosen.top.value_or(BarRows{kHangerDiameter, frame_.legs, 0});
     const BendingSection section = section_with(bottom, hangers);
-    const BendingDemand demand = bending_demand(section, input_.moment * 1e6);
+    const BendingDemand demand = bending_demand(section, input_.moment() * 1e6);
     if (!demand.possible || demand.compression > 0) return false;
-    if (bottom.area() >= demand.tension && bars_fit(frame_, faces, Face::kTop, hangers) &&
-        faces_apart(frame_, bottom, hangers)) {
+    if ((input_.chosen.bottom || bottom.area() >= demand.tension) &&
+        bars_fit(frame_, faces, Face::kTop, hangers) && faces_apart(frame_, bottom, hangers)) {
       found_.push_back({frame_, bottom, hangers, false, section, demand});
     }
     return true;
@@ -130,17 +142,21 @@ class MainBarSearch {
     bool done[3] = {};
     for (const BarRows& top : tops) {
       if (done[top.rows()]) continue;
-      if (4 * frame_.diameter < top.diameter) continue;  // 9.2.9-2
-      if (frame_.legs == 2 && needs_inner_stirrup(input_.width, top.first)) continue;
+      if (!input_.chosen.top && !ties_hold(top)) continue;
       const BendingSection section = section_with(bottom, top);
-      const BendingDemand demand = bending_demand(section, input_.moment * 1e6);
-      if (!demand.possible || demand.compression > top.area() || demand.tension > bottom.area() ||
-          !faces_apart(frame_, bottom, top)) {
-        continue;
-      }
+      const BendingDemand demand = bending_demand(section, input_.moment() * 1e6);
+      if (!demand.possible || !faces_apart(frame_, bottom, top)) continue;
+      if (!input_.chosen.top && demand.compression > top.area()) continue;
+      if (!input_.chosen.bottom && demand.tension > bottom.area()) continue;
       found_.push_back({frame_, bottom, top, true, section, demand});
       done[top.rows()] = true;
     }
+  }
+
+  // The stirrups hold these bars in compression (9.2.9).
+  bool ties_hold(const BarRows& top) const {
+    return 4 * frame_.diameter >= top.diameter &&
+           (frame_.legs > 2 || !needs_inner_stirrup(input_.width, top.first));
   }
 
   const SectionInput& input_;
@@ -149,10 +165,11 @@ class MainBarSearch {
 };
 
 std::optional<MainBars> choose_main_bars(const SectionInput& input, int stirrup_diameter) {
+  const std::optional<Stirrups>& chosen = input.chosen.stirrups;
   StirrupFrame frame{input.width, input.height, input.cover, stirrup_diameter,
-                     legs_by_width(input.width)};
+                     chosen ? chosen->legs : legs_by_width(input.width)};
   std::vector<MainBars> found = MainBarSearch(input, frame).run();
-  if (frame.legs == 2) {
+  if (!chosen && frame.legs == 2) {
     frame.legs = 4;
     for (MainBars& bars : MainBarSearch(input, frame).run()) {
       // Four legs are for many compressed bars only.
@@ -172,10 +189,11 @@ std::optional<MainBars> choose_main_bars(const SectionInput& input, int stirrup_
   return *best;
 }
 
-// The widest spacing at which stirrups of this diameter are enough; nothing when 100 mm is too
-// wide.
-std::optional<Stirrups> choose_spacing(int diameter, const MainBars& bars,
-                                       const ShearDemand& demand) {
+// The chosen stirrups, or the widest spacing at which this diameter is enough; nothing when 100 mm
+// is too wide.
+std::optional<Stirrups> choose_spacing(const std::optional<Stirrups>& chosen, int diameter,
+                                       const MainBars& bars, const ShearDemand& demand) {
+  if (chosen) return chosen;
   double largest = demand.largest_spacing;
   if (diameter < demand.smallest_diameter) return std::nullopt;
   if (bars.top_is_compressed) {
@@ -194,9 +212,14 @@ std::optional<Stirrups> choose_spacing(int diameter, const MainBars& bars,
 SideBars choose_side_bars(const SectionInput& input, const SectionDesign& design) {
   SideBars side;
   side.required_area = side_bar_area(input.width, design.effective_depth);
-  if (side.required_area <= 0) return side;
+  if (side.required_area <= 0 && !input.chosen.side) return side;
   const double clear = height_between_rows(design.frame(input), design.bottom, design.top);
   side.tie_diameter = input.width <= 350 ? 6 : 8;
+  if (input.chosen.side) {
+    side.per_side = input.chosen.side->per_side;
+    side.diameter = input.chosen.side->diameter;
+    return side;
+  }
   side.per_side = std::max(1, static_cast<int>(std::ceil(clear / kSideSpacing)) - 1);
   // A tall web of great width may need more bars than the spacing asks for.
   for (;; ++side.per_side) {
@@ -210,22 +233,17 @@ SideBars choose_side_bars(const SectionInput& input, const SectionDesign& design
 
 }  // namespace
 
-double Stirrups::area_per_length() const {
-  return legs * bar_area(diameter) / spacing;
-}
-
-double SideBars::area() const {
-  return per_side * bar_area(diameter);
-}
-
 StirrupFrame SectionDesign::frame(const SectionInput& input) const {
   return {input.width, input.height, input.cover, stirrups.diameter, stirrups.legs};
 }
 
 DesignStatus design_section(const SectionInput& input, SectionDesign* out) {
+  if (!materials_fault(input).empty()) return DesignStatus::kMaterials;
   DesignStatus status = DesignStatus::kOk;  // of the thickest stirrup tried
   std::optional<SectionDesign> best;
-  for (const int diameter : kStirrupDiameters) {
+  std::span<const int> diameters = kStirrupDiameters;
+  if (input.chosen.stirrups) diameters = {&input.chosen.stirrups->diameter, 1};
+  for (const int diameter : diameters) {
     const std::optional<MainBars> bars = choose_main_bars(input, diameter);
     if (!bars) {
       status = DesignStatus::kBendingImpossible;
@@ -233,12 +251,13 @@ DesignStatus design_section(const SectionInput& input, SectionDesign* out) {
     }
     const ShearSection section{&input.concrete, input.stirrup_steel, input.width, input.height,
                                bars->section.effective_depth};
-    const ShearDemand demand = shear_demand(section, input.shear * 1e3);
+    const ShearDemand demand = shear_demand(section, input.shear() * 1e3);
     if (!demand.possible) {
       status = DesignStatus::kShearSectionTooSmall;
       continue;
     }
-    const std::optional<Stirrups> stirrups = choose_spacing(diameter, *bars, demand);
+    const std::optional<Stirrups> stirrups =
+        choose_spacing(input.chosen.stirrups, diameter, *bars, demand);
     if (!stirrups) {
       status = DesignStatus::kNoStirrups;
       continue;
@@ -264,8 +283,10 @@ const wchar_t* status_text(DesignStatus status) {
   switch (status) {
     case DesignStatus::kOk:
       return L"";
+    case DesignStatus::kMaterials:
+      return L"混凝土强度等级低于所用钢筋的要求(GB50010-2010 第4.1.2条)，请提高混凝土强度等级。";
     case DesignStatus::kBendingImpossible:
-      return L"截面放不下受弯所需的纵筋，请加大截面或提高混凝土强度等级。";
+      return L"截面放不下受弯所需的或指定的纵筋，请加大截面、提高混凝土强度等级或另选纵筋。";
     case DesignStatus::kShearSectionTooSmall:
       return L"剪力超过截面限制条件(GB50010-2010 第6.3.1条)，请加大截面或提高混凝土强度等级。";
     case DesignStatus::kNoStirrups:

@@ -6,6 +6,10 @@
 namespace brindle::beam {
 namespace {
 
+double bar_area(int diameter) {
+  return std::numbers::pi * diameter * diameter / 4;
+}
+
 // Clear distance between two rows is 25 and d (9.2.1), so their axes are this far apart.
 double row_step(int diameter) {
   return diameter + std::max(25, diameter);
@@ -39,7 +43,15 @@ std::vector<int> share_out(int extra, int gaps) {
 }  // namespace
 
 double BarRows::area() const {
-  return count() * std::numbers::pi * diameter * diameter / 4;
+  return count() * bar_area(diameter);
+}
+
+double Stirrups::area_per_length() const {
+  return legs * bar_area(diameter) / spacing;
+}
+
+double SideBars::area() const {
+  return per_side * bar_area(diameter);
 }
 
 double least_clear_distance(Face face, int diameter) {

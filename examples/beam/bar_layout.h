@@ -17,6 +17,23 @@ struct BarRows {
   double area() const;  // mm2, by the nominal diameter
 };
 
+struct Stirrups {
+  int diameter = 0;
+  int spacing = 0;
+  int legs = 2;
+
+  double area_per_length() const;  // Asv/s, mm2/mm
+};
+
+struct SideBars {
+  int per_side = 0;  // 0: the web is low enough to do without
+  int diameter = 0;
+  int tie_diameter = 0;
+  double required_area = 0;  // mm2 a side
+
+  double area() const;  // mm2 a side
+};
+
 enum class Face { kBottom, kTop };
 
 // Cross-section of the concrete with its stirrups. Leg 0 and the last one belong to the outer

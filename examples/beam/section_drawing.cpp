@@ -53,6 +53,25 @@ class SectionSheet {
         h_(static_cast<float>(input.height)) {}
 
   void draw() {
+    begin();
+    pen_.SetCurLayer(L"FRAME");
+    examples::draw_a3_sheet(pen_, input_.name + L" 配筋图", input_.sheet);
+    // The figures stand halfway between the title below them and the frame.
+    const float middle = (kFiguresBottom + kSectionTitleBelow + kFiguresTop - kSectionLeadersAbove);
+    const float base = (middle * s_ - h_) / 2;
+    on_layer(L"SECTION", kSectionLeft * s_, base, [this] { draw_section_figure(); });
+    on_layer(L"ELEVATION", kElevationLeft * s_, base, [this] { draw_elevation(); });
+    on_layer(L"NOTES", kNoteLeft * s_, kNoteTop * s_, [this] { draw_notes(); });
+  }
+
+  // Section 1-1 alone, its lower left corner at the origin.
+  void draw_figure() {
+    begin();
+    on_layer(L"SECTION", 0, 0, [this] { draw_section_figure(); });
+  }
+
+ private:
+  void begin() {
     pen_.Add_Default_LineType();
     for (const wchar_t* layer : {L"FRAME", L"SECTION", L"ELEVATION", L"NOTES"}) {
       pen_.Add_Layer(layer, 7, L"CONTINUOUS");
@@ -65,18 +84,8 @@ class SectionSheet {
     pen_.m_fGJPen = kBarPen * s_;
     const int thickest = std::max(design_.bottom.diameter, design_.top.diameter);
     pen_.m_fGJDot = std::max(static_cast<float>(thickest), kLeastDot * s_);
-
-    pen_.SetCurLayer(L"FRAME");
-    examples::draw_a3_sheet(pen_, input_.name + L" 配筋图", input_.sheet);
-    // The figures stand halfway between the title below them and the frame.
-    const float middle = (kFiguresBottom + kSectionTitleBelow + kFiguresTop - kSectionLeadersAbove);
-    const float base = (middle * s_ - h_) / 2;
-    on_layer(L"SECTION", kSectionLeft * s_, base, [this] { draw_section_figure(); });
-    on_layer(L"ELEVATION", kElevationLeft * s_, base, [this] { draw_elevation(); });
-    on_layer(L"NOTES", kNoteLeft * s_, kNoteTop * s_, [this] { draw_notes(); });
   }
 
- private:
   template <class Draw>
   void on_layer(const wchar_t* layer, float x, float y, Draw draw) {
     pen_.Push_ENV();
@@ -210,12 +219,14 @@ class SectionSheet {
       pen_.Draw_GangJin_BiaoZhu(x, y, 4, up ? rise : -rise, 2, 0, text.c_str());
     };
     const float left = 0.12f * length, right = 0.62f * length;
-    mark(left, drawn_y(top_.front().y), true, top_mark(input_, design_, form));
-    mark(left, drawn_y(bottom_.front().y), false, bottom_mark(input_, design_, form));
+    mark(left, drawn_y(top_.front().y), true,
+         rows_mark(design_.top, Face::kTop, *input_.main_steel, form));
+    mark(left, drawn_y(bottom_.front().y), false,
+         rows_mark(design_.bottom, Face::kBottom, *input_.main_steel, form));
     const float leg = (std::floor(right / spacing) + 0.5f) * spacing;
-    mark(leg, 0.7f * h_, true, stirrup_mark(input_, design_, form));
+    mark(leg, 0.7f * h_, true, stirrup_mark(design_.stirrups, *input_.stirrup_steel, form));
     if (side_.empty()) return;
-    mark(right, drawn_y(side_.front().y), false, side_mark(input_, design_, form));
+    mark(right, drawn_y(side_.front().y), false, side_mark(design_.side, *input_.main_steel, form));
   }
 
   void draw_notes() {
@@ -251,6 +262,13 @@ double drawing_scale(const SectionInput& input) {
 std::unique_ptr<CBase_SGT> draw_section(const SectionInput& input, const SectionDesign& design) {
   std::unique_ptr<CBase_SGT> pen(NewMemDxf(nullptr));
   if (pen != nullptr) SectionSheet(input, design, *pen).draw();
+  return pen;
+}
+
+std::unique_ptr<CBase_SGT> draw_section_figure(const SectionInput& input,
+                                               const SectionDesign& design) {
+  std::unique_ptr<CBase_SGT> pen(NewMemDxf(nullptr));
+  if (pen != nullptr) SectionSheet(input, design, *pen).draw_figure();
   return pen;
 }
 

@@ -15,5 +15,8 @@ double drawing_scale(const SectionInput& input);
 // Draws the sheet with its lower left corner at the origin, y up, world millimetres. Texts are
 // placed by the fonts of the process (LoadShx). Null when memory is out.
 std::unique_ptr<CBase_SGT> draw_section(const SectionInput& input, const SectionDesign& design);
+// Section 1-1 of the sheet alone.
+std::unique_ptr<CBase_SGT> draw_section_figure(const SectionInput& input,
+                                               const SectionDesign& design);
 
 }  // namespace brindle::beam

@@ -5,18 +5,6 @@
 namespace brindle::beam {
 namespace {
 
-std::wstring symbol(const Steel& steel, MarkForm form) {
-  if (form == MarkForm::kShapeFont) return std::wstring(1, steel.mark);
-  return steel.mark == 130 ? L"φ" : L"Φ";
-}
-
-std::wstring rows_mark(const BarRows& bars, int upper, int lower, const Steel& steel,
-                       MarkForm form) {
-  std::wstring mark = wformat(L"%d%s%d", bars.count(), symbol(steel, form), bars.diameter);
-  if (bars.second > 0) mark += wformat(L" %d/%d", upper, lower);
-  return mark;
-}
-
 std::wstring materials_line(const SectionInput& input) {
   return wformat(L"混凝土 C%d，纵筋 %s，箍筋 %s，保护层厚 %g。", input.concrete.grade,
                  input.main_steel->name, input.stirrup_steel->name, input.cover);
@@ -25,18 +13,19 @@ std::wstring materials_line(const SectionInput& input) {
 std::wstring bottom_line(const SectionInput& input, const SectionDesign& design, MarkForm form) {
   return wformat(L"下部纵筋：需 %.0f mm2%s，实配 %s，%.0f mm2。", design.bending.tension,
                  design.bending.minimum_governs ? L"(最小配筋率)" : L"",
-                 bottom_mark(input, design, form), design.bottom.area());
+                 rows_mark(design.bottom, Face::kBottom, *input.main_steel, form),
+                 design.bottom.area());
 }
 
 std::wstring top_line(const SectionInput& input, const SectionDesign& design, MarkForm form) {
-  const std::wstring mark = top_mark(input, design, form);
+  const std::wstring mark = rows_mark(design.top, Face::kTop, *input.main_steel, form);
   if (!design.top_is_compressed) return wformat(L"上部架立筋：%s。", mark);
   return wformat(L"上部受压筋：需 %.0f mm2，实配 %s，%.0f mm2。", design.bending.compression, mark,
                  design.top.area());
 }
 
 std::wstring stirrup_line(const SectionInput& input, const SectionDesign& design, MarkForm form) {
-  const std::wstring mark = stirrup_mark(input, design, form);
+  const std::wstring mark = stirrup_mark(design.stirrups, *input.stirrup_steel, form);
   if (!design.shear.stirrups_computed) return wformat(L"箍筋：按构造配置，%s。", mark);
   return wformat(L"箍筋：Asv/s 需 %.3f，实配 %s，%.3f mm2/mm。", design.shear.area_per_length, mark,
                  design.stirrups.area_per_length());
@@ -44,40 +33,20 @@ std::wstring stirrup_line(const SectionInput& input, const SectionDesign& design
 
 std::wstring side_line(const SectionInput& input, const SectionDesign& design, MarkForm form) {
   const SideBars& side = design.side;
-  return wformat(L"腰筋：每侧需 %.0f mm2，实配 %s，每侧 %.0f mm2，拉筋 %s%d@%d。",
-                 side.required_area, side_mark(input, design, form), side.area(),
-                 symbol(*input.stirrup_steel, form), side.tie_diameter,
-                 2 * design.stirrups.spacing);
+  return wformat(L"腰筋：每侧需 %.0f mm2，实配 %s，每侧 %.0f mm2，拉筋 %s。", side.required_area,
+                 side_mark(side, *input.main_steel, form), side.area(),
+                 stirrup_mark({side.tie_diameter, 2 * design.stirrups.spacing, 0},
+                              *input.stirrup_steel, form));
 }
 
 }  // namespace
-
-std::wstring bottom_mark(const SectionInput& input, const SectionDesign& design, MarkForm form) {
-  return rows_mark(design.bottom, design.bottom.second, design.bottom.first, *input.main_steel,
-                   form);
-}
-
-std::wstring top_mark(const SectionInput& input, const SectionDesign& design, MarkForm form) {
-  return rows_mark(design.top, design.top.first, design.top.second, *input.main_steel, form);
-}
-
-std::wstring stirrup_mark(const SectionInput& input, const SectionDesign& design, MarkForm form) {
-  return wformat(L"%s%d@%d(%d)", symbol(*input.stirrup_steel, form), design.stirrups.diameter,
-                 design.stirrups.spacing, design.stirrups.legs);
-}
-
-std::wstring side_mark(const SectionInput& input, const SectionDesign& design, MarkForm form) {
-  if (design.side.per_side == 0) return {};
-  return wformat(L"G%d%s%d", 2 * design.side.per_side, symbol(*input.main_steel, form),
-                 design.side.diameter);
-}
 
 std::vector<std::wstring> note_lines(const SectionInput& input, const SectionDesign& design,
                                      MarkForm form) {
   std::vector<std::wstring> lines = {
       L"按 GB50010-2010 计算，尺寸单位为 mm。",
       materials_line(input),
-      wformat(L"弯矩设计值 M=%g kN·m，剪力设计值 V=%g kN。", input.moment, input.shear),
+      wformat(L"弯矩设计值 M=%g kN·m，剪力设计值 V=%g kN。", input.moment(), input.shear()),
       wformat(L"有效高度 h0=%.1f，受压区高度 x=%.1f。", design.effective_depth,
               design.bending.block_depth),
       bottom_line(input, design, form),

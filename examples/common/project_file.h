@@ -14,6 +14,7 @@
 #include "brindle/platform/base/convert.h"
 #include "brindle/platform/base/format.h"
 #include "brindle/platform/base/stream.h"
+#include "examples/common/number_range.h"
 
 namespace brindle::examples {
 
@@ -108,13 +109,7 @@ struct Fields {
   }
 };
 
-// A number from `low` to `high`; anything else, NaN and an empty field included, is told.
-struct NumberRange {
-  const wchar_t* name;
-  double low, high;
-  const wchar_t* unit;
-};
-
+// A number in its range; anything else, NaN and an empty field included, is told.
 inline bool read_number(const ProjectFile& file, const NumberRange& range, const std::wstring& text,
                         double* out) {
   if (text.empty()) {
@@ -132,22 +127,20 @@ inline bool read_number(const ProjectFile& file, const NumberRange& range, const
   return true;
 }
 
-// The first line: the program's tag and version 1. `what` says what such a file describes.
-inline bool read_tag(ProjectFile& file, const wchar_t* tag, const wchar_t* what) {
-  constexpr int kVersion = 1;
-  if (!file.next(L"标识")) return false;
+// The first line: the program's tag and the version of the form, 1 to `newest`; 0 for anything
+// else. `what` says what such a file describes.
+inline int read_tag(ProjectFile& file, const wchar_t* tag, const wchar_t* what, int newest = 1) {
+  if (!file.next(L"标识")) return 0;
   std::wstring word;
   int version = 0;
   JSVsscanf::vsscanf(file.line().c_str(), L"%s,%d", word, &version);
   if (word != tag) {
-    file.complain(L"不是%s数据文件，首行应为“%s %d”", what, tag, kVersion);
-    return false;
+    file.complain(L"不是%s数据文件，首行应为“%s %d”", what, tag, newest);
+    return 0;
   }
-  if (version != kVersion) {
-    file.complain(L"数据文件版本应为 %d，现为 %d", kVersion, version);
-    return false;
-  }
-  return true;
+  if (version >= 1 && version <= newest) return version;
+  file.complain(L"数据文件版本应不超过 %d，现为 %d", newest, version);
+  return 0;
 }
 
 // The whole line as a name of at most `longest` characters.

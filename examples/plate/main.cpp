@@ -11,12 +11,8 @@
 #include "brindle/platform/base/assets.h"
 #include "brindle/platform/base/stream.h"
 #include "examples/common/batch_program.h"
+#include "examples/common/outline_fonts.h"
 #include "examples/plate/plate_drawing.h"
-#ifdef BRINDLE_WITH_QT
-#include <QGuiApplication>
-
-#include "brindle/platform/qt/backend.h"
-#endif
 
 namespace brindle::plate {
 namespace {
@@ -76,16 +72,6 @@ int run(const examples::Options& options) {
 
 int main(int argc, char** argv) {
   using namespace brindle;
-#ifdef BRINDLE_WITH_QT
-  // The legends' texts stand in an outline font.
-  if (std::getenv("QT_QPA_PLATFORM") == nullptr) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type == QtCriticalMsg || type == QtFatalMsg)
-      std::fprintf(stderr, "plate: %s\n", text.toUtf8().constData());
-  });
-  int count = 1;
-  const QGuiApplication application(count, argv);
-  install_qt_backend();
-#endif
+  examples::start_outline_fonts();  // the legends' texts stand in one
   return examples::run_batch(argc, argv, plate::kUsage, plate::run);
 }

@@ -78,7 +78,7 @@ TEST_P(DesignedSection, KeepsTheCode) {
   ASSERT_EQ(static_cast<int>(top.size()), design.top.count());
 
   // Bending.
-  EXPECT_GE(capacity(input, design, bottom, top), input.moment * 1e6 * (1 - 1e-9));
+  EXPECT_GE(capacity(input, design, bottom, top), input.moment() * 1e6 * (1 - 1e-9));
   EXPECT_NEAR(design.effective_depth, input.height - mean_height(bottom), 1e-9);
   EXPECT_NEAR(design.top_distance, input.height - mean_height(top), 1e-9);
   EXPECT_GE(dot_area(bottom), std::max(0.002, 0.45 * input.concrete.ft / input.main_steel->fy) *
@@ -97,8 +97,8 @@ TEST_P(DesignedSection, KeepsTheCode) {
   const double fyv = std::min(360.0, input.stirrup_steel->fy);
   const double h0 = design.effective_depth;
   const double vc = 0.7 * input.concrete.ft * input.width * h0;
-  EXPECT_GE(vc + fyv * asv / s.spacing * h0, input.shear * 1e3);
-  if (input.shear * 1e3 > vc) {
+  EXPECT_GE(vc + fyv * asv / s.spacing * h0, input.shear() * 1e3);
+  if (input.shear() * 1e3 > vc) {
     EXPECT_GE(asv / (input.width * s.spacing), 0.24 * input.concrete.ft / fyv);
   }
   EXPECT_GE(s.diameter, input.height > 800 ? 8 : 6);
@@ -166,6 +166,40 @@ TEST(BarLayout, PlacesOfRows) {
   EXPECT_FALSE(bars_fit({300, 700, 15, 6, 2}, faces, Face::kBottom, {28, 2, 0}));  // cover < d
   // Two rows of 4 and 2: the centroid lies a third of the row step over the first row.
   EXPECT_DOUBLE_EQ(centroid_distance(frame, {28, 4, 2}), 35 + 14 + 56 / 3.0);
+}
+
+// What the engineer chose stands, and what it lacks is told.
+TEST(ChosenBars, AreKeptAndJudged) {
+  const SectionCase section{"chosen", 250, 600, 25, 30, L"HRB400", L"HPB300", 180, 250};
+  const struct {
+    BarPlace place;
+    const wchar_t* mark;
+    std::vector<const wchar_t*> told;
+  } cases[] = {
+      {BarPlace::kBottom, L"4C18", {}},
+      {BarPlace::kBottom, L"2C18", {L"下部纵筋实配 509"}},
+      {BarPlace::kTop, L"2C16", {}},
+      {BarPlace::kStirrup, L"A10@100(2)", {}},
+      {BarPlace::kStirrup, L"A6@300(2)", {L"Asv/s 实配 0.188", L"间距 300 大于允许的 250"}},
+      {BarPlace::kSide, L"G2C10", {L"腰筋每侧实配 79"}},
+  };
+  for (const auto& c : cases) {
+    SectionInput input = section.input();
+    const Steel& steel = c.place == BarPlace::kStirrup ? *input.stirrup_steel : *input.main_steel;
+    ASSERT_TRUE(read_mark(c.mark, c.place, steel, &input.chosen));
+    SectionDesign design;
+    ASSERT_EQ(design_section(input, &design), DesignStatus::kOk);
+    EXPECT_EQ(chosen_mark(input.chosen, c.place, steel), c.mark);
+    const std::vector<std::wstring> faults = shortfalls(input, design);
+    ASSERT_EQ(faults.size(), c.told.size());
+    for (size_t i = 0; i < faults.size(); ++i) {
+      EXPECT_NE(faults[i].find(c.told[i]), std::wstring::npos);
+    }
+  }
+  SectionInput input = section.input();
+  ASSERT_TRUE(read_mark(L"12C32", BarPlace::kBottom, *input.main_steel, &input.chosen));
+  SectionDesign design;
+  EXPECT_EQ(design_section(input, &design), DesignStatus::kBendingImpossible);
 }
 
 }  // namespace

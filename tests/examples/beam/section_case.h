@@ -18,8 +18,14 @@ struct SectionCase {
   double moment, shear;
 
   SectionInput input() const {
-    SectionInput filled{L"KL-9(框架梁)",     width,  height, cover, {}, find_steel(main),
-                        find_steel(stirrup), moment, shear,  {}};
+    SectionInput filled;
+    filled.name = L"KL-9(框架梁)";
+    filled.width = width;
+    filled.height = height;
+    filled.cover = cover;
+    filled.main_steel = find_steel(main);
+    filled.stirrup_steel = find_steel(stirrup);
+    filled.cases = {{L"", moment, shear}};
     EXPECT_TRUE(find_concrete(grade, &filled.concrete));
     return filled;
   }

@@ -54,7 +54,7 @@ TEST(SectionInput, ReadsAWholeFile) {
     EXPECT_EQ(input.concrete.grade, 30);
     EXPECT_STREQ(input.main_steel->name, L"HRB400");
     EXPECT_STREQ(input.stirrup_steel->name, L"HPB300");
-    EXPECT_TRUE(input.moment == 180 && input.shear == 150);
+    EXPECT_TRUE(input.moment() == 180 && input.shear() == 150);
   }
 }
 
@@ -95,8 +95,8 @@ TEST(SectionInput, NamesTheLineOfEveryFault) {
   const Case cases[] = {
       {"empty file", L"", {{1, {L"缺少标识"}}}},
       {"only comments", L"// 一\n## 二\n", {{3, {L"缺少标识"}}}},
-      {"foreign tag", L"BEAM 1\n" + kName, {{1, {L"BRINDLE-BEAM 1"}}}},
-      {"later version", L"BRINDLE-BEAM 2\n" + kName, {{1, {L"版本", L"2"}}}},
+      {"foreign tag", L"BEAM 1\n" + kName, {{1, {L"BRINDLE-BEAM 2"}}}},
+      {"later version", L"BRINDLE-BEAM 3\n" + kName, {{1, {L"版本", L"3"}}}},
       {"ends behind the tag", kTag, {{2, {L"缺少构件名"}}}},
       {"no forces", kTag + kName + kSizes + kMaterials, {{5, {L"缺少内力"}}}},
       {"height too large",
@@ -138,6 +138,106 @@ TEST(SectionInput, NamesTheLineOfEveryFault) {
   for (const Case& one : cases) expect_faults(one.name, gbk(one.text), one.faults);
   expect_faults("name with bytes that are no GBK",
                 gbk(kTag) + "L-1\xff\n" + gbk(kSizes + kMaterials + kForces), {{2, {L"GBK"}}});
+}
+
+const std::wstring kHead = L"BRINDLE-BEAM 2\n" + kName + kSizes + kMaterials;
+
+TEST(SectionInput, SecondFormNamesTheLineOfEveryFault) {
+  const std::wstring cases = L"2\n620 380 恒, 活\n480,410\n";
+  const std::wstring choices = L"-\n-\n-\n-\n";
+  struct Case {
+    const char* name;
+    std::wstring text;
+    std::vector<Fault> faults;
+  };
+  const Case faulty[] = {
+      {"no case", kHead + L"0\n" + choices, {{5, {L"工况数", L"1～100"}}}},
+      {"too few cases", kHead + L"3\n1 2\n", {{7, {L"缺少工况"}}}},
+      {"force missing", kHead + L"1\n620\n" + choices, {{6, {L"缺少剪力设计值 V"}}}},
+      {"no bars", kHead + cases, {{8, {L"缺少下部纵筋"}}}},
+      {"bar that isn't made",
+       kHead + cases + L"4C21\n-\nA8@200\n-\n",
+       {{8, {L"下部纵筋", L"6C28 2/4", L"4C21"}}}},
+      {"grade of other bars, odd legs",
+       kHead + cases + L"-\n2A12\nA8@200(3)\nG3C12\n",
+       {{9, {L"上部纵筋", L"HRB400"}}, {10, {L"箍筋", L"HPB300"}}, {11, {L"腰筋"}}}},
+  };
+  for (const Case& one : faulty) expect_faults(one.name, gbk(one.text), one.faults);
+}
+
+SectionInput whole_section() {
+  SectionInput input;
+  input.name = L"KL-3 (框架梁)";
+  input.width = 300.5;
+  input.height = 700;
+  input.cover = 25;
+  find_concrete(35, &input.concrete);
+  input.main_steel = find_steel(L"HRB400");
+  input.stirrup_steel = find_steel(L"HPB300");
+  input.cases = {{L"恒, 活  载", 620.125, 380}, {L"", 0, 1e5}, {L"## 风", 1, 2}};
+  input.chosen.bottom = BarRows{28, 4, 2};
+  input.chosen.top = BarRows{25, 4, 3};
+  input.chosen.stirrups = Stirrups{10, 150, 4};
+  input.sheet.number = L"结施-12";
+  input.sheet.services = L"吴海";
+  return input;
+}
+
+TEST(SectionInput, ReadsBackWhatItWrites) {
+  const TemporaryFolder folder;
+  const std::wstring path = folder.wide("KL-3.txt");
+  const SectionInput input = whole_section();
+  RecordedMessages recorded;
+  ASSERT_TRUE(write_section_input(path.c_str(), input));
+  SectionInput read;
+  ASSERT_TRUE(read_section_input(path.c_str(), &read));
+  EXPECT_TRUE(recorded.messages.empty());
+  EXPECT_EQ(read.name, input.name);
+  EXPECT_TRUE(read.width == 300.5 && read.height == 700 && read.cover == 25);
+  EXPECT_TRUE(read.concrete.grade == 35 && read.main_steel == input.main_steel &&
+              read.stirrup_steel == input.stirrup_steel);
+  ASSERT_EQ(read.cases.size(), 3u);
+  for (size_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(read.cases[i].name, input.cases[i].name);
+    EXPECT_EQ(read.cases[i].moment, input.cases[i].moment);
+    EXPECT_EQ(read.cases[i].shear, input.cases[i].shear);
+  }
+  for (const BarPlace place : kBarPlaces) {
+    const Steel& steel = place == BarPlace::kStirrup ? *input.stirrup_steel : *input.main_steel;
+    EXPECT_EQ(chosen_mark(read.chosen, place, steel), chosen_mark(input.chosen, place, steel));
+  }
+  EXPECT_FALSE(read.chosen.side);
+  EXPECT_EQ(read.chosen.top->first, 4);
+  EXPECT_EQ(read.chosen.bottom->second, 2);
+  EXPECT_TRUE(read.sheet.project.empty() && read.sheet.number == L"结施-12");
+  EXPECT_EQ(read.sheet.services, L"吴海");
+}
+
+TEST(SectionInput, WritesNothingThatItCouldNotRead) {
+  const TemporaryFolder folder;
+  const std::wstring path = folder.wide("KL-3.txt");
+  ASSERT_TRUE(write_section_input(path.c_str(), whole_section()));
+  const std::string before = bytes_of(folder / "KL-3.txt");
+  void (*const spoil[])(SectionInput&) = {
+      [](SectionInput& input) { input.name = L""; },
+      [](SectionInput& input) { input.name = L"// 梁"; },
+      [](SectionInput& input) { input.name = std::wstring(31, L'梁'); },
+      [](SectionInput& input) { input.cases[1].name = L"a\nb"; },
+      [](SectionInput& input) { input.sheet.date = L"2024, 5"; },
+      [](SectionInput& input) { input.sheet.lead = L"\U0001F600"; },
+  };
+  for (const auto& make_fault : spoil) {
+    SectionInput input = whole_section();
+    make_fault(input);
+    RecordedMessages recorded;
+    EXPECT_FALSE(write_section_input(path.c_str(), input));
+    ASSERT_EQ(recorded.messages.size(), 1u);
+    EXPECT_EQ(recorded.messages[0].code, 301);
+    EXPECT_EQ(bytes_of(folder / "KL-3.txt"), before);
+  }
+  RecordedMessages recorded;
+  EXPECT_FALSE(write_section_input(L"/nowhere/KL-3.txt", whole_section()));
+  EXPECT_EQ(recorded.messages.size(), 1u);
 }
 
 TEST(SectionInput, TellsAFileThatCannotBeOpened) {
