@@ -75,37 +75,44 @@ TEST(CodePage, LettersAndAccentsStayApart) {
   EXPECT_EQ(hebrew.decode("\xF9\xD1\xF6\xFF."), L"\u05E9\u05C1\u05E6\uFFFD.");
 }
 
-TEST(CodePage, DecodesGbkWithWhatIsWrongInIt) {
-  const CodePage& page = *CodePage::find(936);
-  const struct {
-    std::string bytes;
-    std::wstring text;
-  } cases[] = {
-      {"", L""},
-      {"\xb8\xd6\xbd\xee", L"钢筋"},
-      {"12345678\xb8\xd6"
-       "12345678",
-       L"12345678钢12345678"},
-      {"\x80", L"\u20AC"},
-      {"\xb8", L"\uFFFD"},                // lone lead byte at the end
-      {"\xb8\n\xb8\xd6", L"\uFFFD\n钢"},  // never swallows a line end
-      {"\xb8\r\n", L"\uFFFD\r\n"},
-      {"\xb8"
-       "0\xb8 \xb8\x7f",
-       L"\uFFFD0\uFFFD \uFFFD\x7f"},
-      {"\xff\xff"
-       "A",
-       L"\uFFFD\uFFFDA"},
-      {"\x81\xff\xb8\xd6", L"\uFFFD\uFFFD钢"},
-      {"\xa2\xab\xb8\xd6", L"\uFFFD\uFFFD钢"},  // undefined pair, what follows stays in step
-      {std::string("a\0b", 3), std::wstring(L"a\0b", 3)},
-      {"\xaa\xa1\xf8\xa1\xa1\x40\xa7\xa0", L"\uE000\uE234\uE4C6\uE765"},  // the user's own
-  };
+struct Decoding {
+  std::string bytes;
+  std::wstring text;
+};
+
+void expect_decodings(const CodePage& page, const std::vector<Decoding>& cases) {
   std::wstring reused(5, L'x');
-  for (const auto& c : cases) {
+  for (const Decoding& c : cases) {
     page.decode(c.bytes, reused);
     EXPECT_EQ(reused, c.text);
   }
+}
+
+TEST(CodePage, DecodesGbkWithWhatIsWrongInIt) {
+  const CodePage& page = *CodePage::find(936);
+  expect_decodings(
+      page, {
+                {"", L""},
+                {"\xb8\xd6\xbd\xee", L"钢筋"},
+                {"12345678\xb8\xd6"
+                 "12345678",
+                 L"12345678钢12345678"},
+                {"\x80", L"\u20AC"},
+                {"\xb8", L"\uFFFD"},                // lone lead byte at the end
+                {"\xb8\n\xb8\xd6", L"\uFFFD\n钢"},  // never swallows a line end
+                {"\xb8\r\n", L"\uFFFD\r\n"},
+                {"\xb8"
+                 "0\xb8 \xb8\x7f",
+                 L"\uFFFD0\uFFFD \uFFFD\x7f"},
+                {"\xff\xff"
+                 "A",
+                 L"\uFFFD\uFFFDA"},
+                {"\x81\xff\xb8\xd6", L"\uFFFD\uFFFD钢"},
+                {"\xa2\xab\xb8\xd6", L"\uFFFD\uFFFD钢"},  // undefined pair, the next is in step
+                {std::string("a\0b", 3), std::wstring(L"a\0b", 3)},
+                // The user's own.
+                {"\xaa\xa1\xf8\xa1\xa1\x40\xa7\xa0", L"\uE000\uE234\uE4C6\uE765"},
+            });
   EXPECT_EQ(page.encode(L"\uE000\uE234\uE765€"), "\xaa\xa1\xf8\xa1\xa7\xa0\x80");
   std::string out = "kept:";
   page.encode(L"钢\u0E01\uFFFD\n", out);
@@ -114,21 +121,15 @@ TEST(CodePage, DecodesGbkWithWhatIsWrongInIt) {
 
 TEST(CodePage, DecodesUtf8Strictly) {
   const CodePage& page = *CodePage::find(65001);
-  const struct {
-    const char* bytes;
-    const wchar_t* text;
-  } cases[] = {
-      {"\xe9\x92\xa2 \xc3\xa9", L"钢 é"},
-      {"\xc0\xaf", L"\uFFFD\uFFFD"},  // overlong
-      {"\xe0\x80\xaf", L"\uFFFD\uFFFD\uFFFD"},
-      {"\xed\xa0\x80", L"\uFFFD\uFFFD\uFFFD"},            // surrogate
-      {"\xf4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD"},  // beyond U+10FFFF
-      {"\xe9\x92", L"\uFFFD\uFFFD"},
-      {"\xe9\n", L"\uFFFD\n"},
-      {"\xe9\x92\n\xe9\x92\xa2", L"\uFFFD\uFFFD\n钢"},
-      {"\x80", L"\uFFFD"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(page.decode(c.bytes), c.text);
+  expect_decodings(page, {{"\xe9\x92\xa2 \xc3\xa9", L"钢 é"},
+                          {"\xc0\xaf", L"\uFFFD\uFFFD"},  // overlong
+                          {"\xe0\x80\xaf", L"\uFFFD\uFFFD\uFFFD"},
+                          {"\xed\xa0\x80", L"\uFFFD\uFFFD\uFFFD"},            // surrogate
+                          {"\xf4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD"},  // beyond U+10FFFF
+                          {"\xe9\x92", L"\uFFFD\uFFFD"},
+                          {"\xe9\n", L"\uFFFD\n"},
+                          {"\xe9\x92\n\xe9\x92\xa2", L"\uFFFD\uFFFD\n钢"},
+                          {"\x80", L"\uFFFD"}});
   EXPECT_EQ(page.encode(page.decode("\xf0\x9f\x98\x80\xf4\x8f\xbf\xbf")),
             "\xf0\x9f\x98\x80\xf4\x8f\xbf\xbf");
   EXPECT_EQ(page.encode(std::wstring(1, static_cast<wchar_t>(0xD800)) + L"a"), "?a");
@@ -203,10 +204,8 @@ TEST(CodePage, IsFoundByTheNamesInDrawings) {
 TEST(CodePage, ProcessPageIsGbkUntilItIsSet) {
   EXPECT_EQ(ansi_code_page().number(), 936u);
   EXPECT_TRUE(set_ansi_code_page(65001));
-  EXPECT_EQ(ansi_code_page().number(), 65001u);
   EXPECT_FALSE(set_ansi_code_page("UTF-16LE"));
-  EXPECT_FALSE(set_ansi_code_page("nonsense"));
-  EXPECT_FALSE(set_ansi_code_page(7u));
+  EXPECT_FALSE(set_ansi_code_page("nonsense") || set_ansi_code_page(7u));
   EXPECT_EQ(ansi_code_page().number(), 65001u);
   EXPECT_TRUE(set_ansi_code_page("GBK"));
   EXPECT_EQ(ansi_code_page().number(), 936u);

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <string>
 
+#include "tests/support/expect_numbers.h"
 #include "tests/support/temporary_folder.h"
 
 namespace brindle {
@@ -37,14 +38,12 @@ std::string all_of(CFile& file) {
 
 // What every kind of file does alike.
 void check_reading_and_writing(CFile& file) {
-  file.Write("0123456789", 10);
-  EXPECT_EQ(file.GetPosition(), 10u);
-  EXPECT_EQ(file.Seek(-3, CFile::end), 7u);
-  EXPECT_EQ(file.Seek(-2, CFile::current), 5u);
   char text[20] = {};
-  EXPECT_EQ(file.Read(text, 20), 5u);
+  file.Write("0123456789", 10);
+  expect_equal({file.GetPosition(), file.Seek(-3, CFile::end), file.Seek(-2, CFile::current),
+                file.Read(text, 20), file.Read(text, 20)},
+               {10, 7, 5, 5, 0});
   EXPECT_STREQ(text, "56789");
-  EXPECT_EQ(file.Read(text, 20), 0u);
 
   file.Seek(2, CFile::begin);
   file.Write("ab", 2);
@@ -120,17 +119,15 @@ TEST_F(File, OpensByTheFlags) {
 }
 
 TEST_F(File, TellsWhyItFailed) {
-  CFile closed;
+  constexpr int kInvalid = CFileException::invalidFile, kFull = CFileException::diskFull;
+  CFile closed, full(L"/dev/full", CFile::modeWrite);
+  CStdioFile closed_stream, full_stream(L"/dev/full", CFile::modeWrite);
   char byte;
-  EXPECT_EQ(cause_of([&] { closed.Read(&byte, 1); }), CFileException::invalidFile);
-  EXPECT_EQ(cause_of([&] { closed.GetLength(); }), CFileException::invalidFile);
-  CStdioFile closed_stream;
-  EXPECT_EQ(cause_of([&] { closed_stream.WriteString(L"x"); }), CFileException::invalidFile);
-  CFile full(L"/dev/full", CFile::modeWrite);
-  EXPECT_EQ(cause_of([&] { full.Write("x", 1); }), CFileException::diskFull);
-  CStdioFile full_stream(L"/dev/full", CFile::modeWrite);
   full_stream.WriteString(L"x");
-  EXPECT_EQ(cause_of([&] { full_stream.Close(); }), CFileException::diskFull);
+  expect_equal({cause_of([&] { closed.Read(&byte, 1); }), cause_of([&] { closed.GetLength(); }),
+                cause_of([&] { closed_stream.WriteString(L"x"); }),
+                cause_of([&] { full.Write("x", 1); }), cause_of([&] { full_stream.Close(); })},
+               {kInvalid, kInvalid, kInvalid, kFull, kFull});
 }
 
 TEST_F(File, RenamesRemovesAndTells) {

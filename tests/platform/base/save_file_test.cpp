@@ -42,7 +42,7 @@ TEST_F(Saving, ReplacesOnCommitOnly) {
   EXPECT_FALSE(save.commit());
   EXPECT_EQ(content("a"), "new");
 
-  SaveFile fresh(path("b").c_str());
+  SaveFile fresh(path(std::string(255, 'n')).c_str());  // the longest name
   EXPECT_TRUE(fresh.commit());
   EXPECT_EQ(files(), 2u);
   {
@@ -51,14 +51,6 @@ TEST_F(Saving, ReplacesOnCommitOnly) {
   }
   EXPECT_EQ(content("a"), "new");
   EXPECT_EQ(files(), 2u);
-}
-
-TEST_F(Saving, TakesTheLongestName) {
-  const std::string name(255, 'n');
-  SaveFile save(path(name).c_str());
-  ASSERT_NE(save.stream(), nullptr);
-  EXPECT_TRUE(save.commit());
-  EXPECT_EQ(files(), 1u);
 }
 
 TEST_F(Saving, KeepsTheOldFileWhenTheDiskIsFull) {

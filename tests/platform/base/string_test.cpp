@@ -6,22 +6,33 @@
 
 #include "brindle/platform/base/code_page.h"
 #include "brindle/platform/base/exception.h"
+#include "tests/support/expect_numbers.h"
 
 namespace brindle {
 namespace {
 
 const wchar_t* const kNull = nullptr;
 
+// Results that are texts, by the line of the table.
+struct Result {
+  CString got;
+  const wchar_t* wanted;
+};
+template <std::size_t N>
+void expect_results(const Result (&results)[N]) {
+  for (std::size_t i = 0; i < N; ++i) EXPECT_EQ(results[i].got, results[i].wanted) << i;
+}
+
 TEST(CString, IsMadeOfEverySource) {
-  EXPECT_EQ(CString(), L"");
-  EXPECT_EQ(CString(kNull), L"");
-  EXPECT_EQ(CString(L"abc", 2), L"ab");
-  EXPECT_EQ(CString(L'x', 3), L"xxx");
-  EXPECT_EQ(CString(L'x', -1), L"");
-  EXPECT_EQ(CString("\xb8\xd6\xbd\xee"
-                    "12"),
-            L"钢筋12");
-  EXPECT_EQ(CString(WText<10>(L"field")), L"field");
+  expect_results({{CString(), L""},
+                  {CString(kNull), L""},
+                  {CString(L"abc", 2), L"ab"},
+                  {CString(L'x', 3), L"xxx"},
+                  {CString(L'x', -1), L""},
+                  {CString("\xb8\xd6\xbd\xee"
+                           "12"),
+                   L"钢筋12"},
+                  {CString(WText<10>(L"field")), L"field"}});
   EXPECT_THROW(CString(L"abc", -1), CInvalidArgException);
   CString text;
   text = "ansi";
@@ -33,11 +44,9 @@ TEST(CString, IsMadeOfEverySource) {
 
 TEST(CString, ChecksItsIndexes) {
   CString text(L"abc");
-  EXPECT_EQ(text[0], L'a');
-  EXPECT_EQ(text[std::size_t{2}], L'c');
-  EXPECT_EQ(text.GetAt(3), L'\0');
   text.SetAt(2, L'z');
   EXPECT_EQ(text, L"abz");
+  expect_equal({text[0], text[std::size_t{2}], text.GetAt(3)}, {L'a', L'z', L'\0'});
   EXPECT_THROW(text.GetAt(4), CInvalidArgException);
   EXPECT_THROW(text[-1], CInvalidArgException);
   EXPECT_THROW(text.SetAt(3, L'x'), CInvalidArgException);
@@ -46,11 +55,7 @@ TEST(CString, ChecksItsIndexes) {
 TEST(CString, JoinsOnBothSides) {
   const CString b(L"b");
   const WText<5> field(L"f");
-  EXPECT_EQ(L"a" + b + L'c' + b + field, L"abcbf");
-  EXPECT_EQ(L'a' + b, L"ab");
-  EXPECT_EQ(field + b, L"fb");
-  EXPECT_EQ(b + kNull, L"b");
-  CString text;
+  CString text, twice = b;
   text += b;
   text += L"12";
   text += L'3';
@@ -58,10 +63,13 @@ TEST(CString, JoinsOnBothSides) {
   text += field;
   text.Append(L"xyz", 2);
   text.AppendFormat(L"%03d|%s", 7, b);
-  EXPECT_EQ(text, L"b1234fxy007|b");
-  text = b;
-  text += text;
-  EXPECT_EQ(text, L"bb");
+  twice += twice;
+  expect_results({{L"a" + b + L'c' + b + field, L"abcbf"},
+                  {L'a' + b, L"ab"},
+                  {field + b, L"fb"},
+                  {b + kNull, L"b"},
+                  {text, L"b1234fxy007|b"},
+                  {twice, L"bb"}});
 }
 
 TEST(CString, Compares) {
@@ -90,42 +98,29 @@ TEST(CString, Compares) {
 
 TEST(CString, CutsParts) {
   const CString text(L"abcdef");
-  const struct {
-    CString part;
-    const wchar_t* expected;
-  } cases[] = {{text.Mid(2), L"cdef"},
-               {text.Mid(6), L""},
-               {text.Mid(-3, 2), L"ab"},
-               {text.Mid(2, 2), L"cd"},
-               {text.Mid(2, -1), L""},
-               {text.Mid(2, 2147483647), L"cdef"},
-               {text.Left(-1), L""},
-               {text.Left(99), L"abcdef"},
-               {text.Right(-1), L""},
-               {text.Right(99), L"abcdef"},
-               {text.SpanIncluding(L"cba"), L"abc"},
-               {text.SpanExcluding(L"ed"), L"abc"},
-               {text.SpanExcluding(L""), L"abcdef"},
-               {text.SpanIncluding(kNull), L""}};
-  for (std::size_t i = 0; i < std::size(cases); ++i)
-    EXPECT_EQ(cases[i].part, cases[i].expected) << i;
+  expect_results({{text.Mid(2), L"cdef"},
+                  {text.Mid(6), L""},
+                  {text.Mid(-3, 2), L"ab"},
+                  {text.Mid(2, 2), L"cd"},
+                  {text.Mid(2, -1), L""},
+                  {text.Mid(2, 2147483647), L"cdef"},
+                  {text.Left(-1), L""},
+                  {text.Left(99), L"abcdef"},
+                  {text.Right(-1), L""},
+                  {text.Right(99), L"abcdef"},
+                  {text.SpanIncluding(L"cba"), L"abc"},
+                  {text.SpanExcluding(L"ed"), L"abc"},
+                  {text.SpanExcluding(L""), L"abcdef"},
+                  {text.SpanIncluding(kNull), L""}});
 }
 
 TEST(CString, FindsAndEdits) {
   const CString text(L"abcabc");
-  EXPECT_EQ(text.Find(L'b'), 1);
-  EXPECT_EQ(text.Find(L'b', 2), 4);
-  EXPECT_EQ(text.Find(L"ca"), 2);
-  EXPECT_EQ(text.Find(L"", 6), 6);
-  for (const int start : {7, -1}) {
-    EXPECT_EQ(text.Find(L'a', start), -1);
-    EXPECT_EQ(text.Find(L"a", start), -1);
-  }
-  EXPECT_EQ(text.Find(kNull), -1);
-  EXPECT_EQ(text.ReverseFind(L'b'), 4);
-  EXPECT_EQ(text.ReverseFind(L'x'), -1);
-  EXPECT_EQ(text.FindOneOf(L"xc"), 2);
-  EXPECT_EQ(text.FindOneOf(L""), -1);
+  expect_equal(
+      {text.Find(L'b'), text.Find(L'b', 2), text.Find(L"ca"), text.Find(L"", 6), text.Find(L'a', 7),
+       text.Find(L"a", 7), text.Find(L'a', -1), text.Find(L"a", -1), text.Find(kNull),
+       text.ReverseFind(L'b'), text.ReverseFind(L'x'), text.FindOneOf(L"xc"), text.FindOneOf(L"")},
+      {1, 4, 2, 6, -1, -1, -1, -1, -1, 4, -1, 2, -1});
 
   CString edited(L"abc");
   EXPECT_EQ(edited.Insert(1, L'-'), 4);
@@ -160,16 +155,16 @@ TEST(CString, Replaces) {
 }
 
 TEST(CString, TrimsAndTurnsCase) {
-  EXPECT_EQ(CString(L" \t\r\n\u3000a b \u3000\n").Trim(), L"a b");
-  EXPECT_EQ(CString(L" \n ").Trim(), L"");
-  EXPECT_EQ(CString(L" a ").TrimLeft(), L"a ");
-  EXPECT_EQ(CString(L" a ").TrimRight(), L" a");
-  EXPECT_EQ(CString(L"xxaxx").Trim(L'x'), L"a");
-  EXPECT_EQ(CString(L"xyaxy").TrimRight(L"yx"), L"xya");
-  EXPECT_EQ(CString(L"xyaxy").TrimLeft(L"yx"), L"axy");
-  EXPECT_EQ(CString(L"aZ1αб中").MakeUpper(), L"AZ1αб中");
-  EXPECT_EQ(CString(L"aZ1ΑБ中").MakeLower(), L"az1ΑБ中");
-  EXPECT_EQ(CString(L"abc").MakeReverse(), L"cba");
+  expect_results({{CString(L" \t\r\n\u3000a b \u3000\n").Trim(), L"a b"},
+                  {CString(L" \n ").Trim(), L""},
+                  {CString(L" a ").TrimLeft(), L"a "},
+                  {CString(L" a ").TrimRight(), L" a"},
+                  {CString(L"xxaxx").Trim(L'x'), L"a"},
+                  {CString(L"xyaxy").TrimRight(L"yx"), L"xya"},
+                  {CString(L"xyaxy").TrimLeft(L"yx"), L"axy"},
+                  {CString(L"aZ1αб中").MakeUpper(), L"AZ1αб中"},
+                  {CString(L"aZ1ΑБ中").MakeLower(), L"az1ΑБ中"},
+                  {CString(L"abc").MakeReverse(), L"cba"}});
 }
 
 TEST(CString, Tokenizes) {
