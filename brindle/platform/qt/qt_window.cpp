@@ -136,7 +136,21 @@ void QtWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(window_ == nullptr || !isVisible());
 }
 
+// What stands before this window and takes its input comes to the front instead.
+bool QtWindow::yield_to_modal() {
+  CWnd* active = CWnd::GetActiveWindow();
+  if (window_ == nullptr || window_->IsWindowEnabled() || active == nullptr || active == window_)
+    return false;
+  QWidget* before = window_widget(*active);
+  if (before == nullptr || !before->isVisible()) return false;
+  before->raise();
+  before->activateWindow();
+  before->setFocus();
+  return true;
+}
+
 void QtWindow::focusInEvent(QFocusEvent* event) {
+  if (yield_to_modal()) return;
   if (window_ != nullptr) route_activate(*window_, true);
   const bool forwards = event->reason() == Qt::TabFocusReason;
   const bool backwards = event->reason() == Qt::BacktabFocusReason;
@@ -217,13 +231,8 @@ void QtWindow::tell_mouse(const QMouseEvent& event, UINT left, UINT right, UINT 
   tell_place();
   if (message == 0 || window_ == nullptr) return;
   tell_modifiers(event.modifiers());
-  // What stands before this window and takes its input comes to the front instead.
-  CWnd* active = CWnd::GetActiveWindow();
-  if (left == WM_LBUTTONDOWN && !window_->IsWindowEnabled() && active != nullptr)
-    if (QWidget* before = window_widget(*active)) {
-      before->raise();
-      before->activateWindow();
-    }
+  if (left == WM_LBUTTONDOWN) yield_to_modal();
+  if (window_ == nullptr) return;
   route_mouse(*window_, message, mouse_flags(event.buttons(), event.modifiers()),
               pixel_of(event.position()));
 }

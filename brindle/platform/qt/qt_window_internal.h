@@ -52,6 +52,7 @@ class QtWindow : public QWidget {
 
  private:
   void tell_place();
+  bool yield_to_modal();
   void tell_mouse(const QMouseEvent& event, UINT left, UINT right, UINT middle);
   QRect caret_rect() const;
 
