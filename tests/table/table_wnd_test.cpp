@@ -154,6 +154,15 @@ TEST_F(TableWnd, BarsAreCountedAndTheWindowGrowsByThem) {
   EXPECT_FALSE(grid.m_bVScroll);
   grid.GetWindowRect(&window);
   EXPECT_EQ(window.Size(), CSize(280, 230));
+  // Nor has a new window the bars of an earlier one.
+  grid.rows = 40;
+  grid.UpdateTable();
+  grid.SendMessage(WM_VSCROLL, SB_PAGEDOWN);
+  grid.DestroyWindow();
+  open();
+  grid.GetWindowRect(&window);
+  EXPECT_EQ(window.Size(), CSize(280 + grid.GetSysVScrollWidth(), 230));
+  EXPECT_EQ(grid.m_nVPos, 0);
 }
 
 TEST_F(TableWnd, ColumnsScrollInUnitsWithTheRemainderLast) {
