@@ -11,6 +11,7 @@
 #include "brindle/platform/window/message_loop.h"
 #include "brindle/platform/window/window_input.h"
 #include "brindle/platform/window/window_picture.h"
+#include "brindle/table/marked_text.h"
 #include "brindle/table/tab_combo.h"
 #include "brindle/table/table_messages.h"
 
@@ -80,6 +81,9 @@ class Grid : public CTableWnd {
   CComboBox* GetComboPtr(int hang, int lie) override {
     return combo.GetSafeHwnd() != nullptr && combos.contains({hang, lie}) ? &combo : nullptr;
   }
+  CString GetHangLieTiShi(int hang, int) override { return hang == 2 ? L"grade" : L""; }
+  CString GetHangLieSelectList(int hang, int) override { return hang < 3 ? L"C20;C25;" : L""; }
+  CPoint TiShiShift(int, int) override { return {3, 0}; }
   int DealTitleClicked(int lie) override { return title_clicked = lie; }
   int DealMenuCmdAdd(int) override { return ++rows, 1; }
 
@@ -513,6 +517,33 @@ TEST_F(TableWnd, ScrollingPaintsTheSameAsPaintingAnew) {
   }
 }
 
+TEST_F(TableWnd, TipsStandByTheirCellAndOfferChoices) {
+  open();
+  CRect cell, tip;
+  grid.GetHangLieRect(2, 2, cell);
+  for (const bool above : {false, true}) {
+    grid.m_bTipAbove = above;
+    grid.click(2, 2);
+    ASSERT_NE(grid.m_pTip, nullptr);
+    grid.m_pTip->GetWindowRect(&tip);
+    EXPECT_EQ(tip.left, cell.left + 3);
+    EXPECT_EQ(above ? tip.bottom : tip.top, above ? cell.top - 10 : cell.bottom + 20);
+  }
+  // The mouse in the list keeps the tip when the editor is left, and a choice counts as typed.
+  const LPARAM second = MAKELPARAM(8, 4 + 16 + 16 + 8);
+  grid.m_pTip->SendMessage(WM_MOUSEMOVE, 0, second);
+  owner.SetFocus();
+  ASSERT_NE(grid.m_pTip, nullptr);
+  grid.m_pTip->SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, second);
+  EXPECT_EQ(grid.edit_text(), L"C25");
+  grid.click(3, 2);
+  EXPECT_EQ(grid.m_pTip, nullptr);
+  EXPECT_EQ(grid.committed, (std::vector<Grid::Committed>{{2, 2, L"C25"}}));
+  grid.SetTableTip(0);
+  grid.click(2, 2);
+  EXPECT_EQ(grid.m_pTip, nullptr);
+}
+
 TEST_F(TableWnd, EachCellHasItsLineAboveAndLinesGoOnBelowTheLast) {
   grid.rows = 3;
   grid.m_arShiftedLie.Add(3);
@@ -527,6 +558,17 @@ TEST_F(TableWnd, EachCellHasItsLineAboveAndLinesGoOnBelowTheLast) {
       EXPECT_EQ(picture.row(cell.top)[cell.left + 9], 0xff808080) << hang << " " << lie;
     }
   }
+}
+
+TEST(MarkedText, MarksSwitchTheLineAndStandForSigns) {
+  RecordingDevice device;
+  CDC dc(device);
+  Draw_Text_Ext(&dc, 5, 7, L"a%%ub%%d%%P%%%%%u%%xc%%");
+  std::vector<std::wstring> drawn;
+  for (const RecordedCall& call : device.calls()) {
+    drawn.push_back(call.kind == RecordedCall::Kind::kText ? call.words : L"line");
+  }
+  EXPECT_EQ(drawn, (std::vector<std::wstring>{L"a", L"b\u00B0\u00B1%", L"line", L"%%xc%%"}));
 }
 
 // The desktop's face colour, which may be dark, is the ground of closed cells and heads.
