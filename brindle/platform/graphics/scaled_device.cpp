@@ -88,17 +88,17 @@ bool ScaledDevice::draw_straight(const Scaled& state, const CPoint* points, int 
   BrushData ink;
   ink.color = state.pen.color;
   for (int i = 1; i < count; ++i) {
-    const CPoint from = grid_.at(points[i - 1]), to = grid_.at(points[i]);
-    // Without the last pixel, in both directions.
-    const auto ends = [this](int a, int b) {
-      return a <= b ? std::pair(a, b) : std::pair(b + thin_, a + thin_);
+    const CPoint from = points[i - 1], to = points[i];
+    // Without the last unit, in both directions.
+    const auto ends = [](int one, int other) {
+      return one <= other ? std::pair(one, other) : std::pair(other + 1, one + 1);
     };
-    CRect box(from.x, from.y, from.x + thin_, from.y + thin_);
+    CRect box(from, CSize(1, 1));
     if (from.y == to.y)
       std::tie(box.left, box.right) = ends(from.x, to.x);
     else
       std::tie(box.top, box.bottom) = ends(from.y, to.y);
-    fine_.fill_region(state, RegionData(box), ink);
+    fine_.fill_region(state, RegionData(grid_.box(box)), ink);
   }
   return true;
 }
@@ -134,12 +134,13 @@ void ScaledDevice::poly_polygon(const PaintState& state, const CPoint* points, c
 
 void ScaledDevice::rectangle(const PaintState& state, const CRect& box) {
   const Scaled fine(*this, state);
-  CRect outer = grid_.box(box);
+  CRect outer = box;
   outer.NormalizeRect();
-  if (!fine.is_thin || fine.pen.style != PS_SOLID || thin_ == 1)
-    return fine_.rectangle(fine, outer);
+  if (!fine.is_thin || fine.pen.style != PS_SOLID) return fine_.rectangle(fine, grid_.box(outer));
   CRect inner = outer;
-  inner.DeflateRect(thin_, thin_);
+  inner.DeflateRect(1, 1);
+  outer = grid_.box(outer);
+  inner = grid_.box(inner);
   const RegionData inside =
       inner.left < inner.right && inner.top < inner.bottom ? RegionData(inner) : RegionData();
   BrushData ink;

@@ -7,9 +7,10 @@
 
 namespace brindle {
 
-// Boxes and pixels cover the pixels of their units, thin lines are as many whole pixels wide as fit
-// into a unit, and text is drawn in its size on the screen, so everything is as sharp as the screen
-// is. Extents of text are told in units, rounded up.
+// Boxes, pixels and thin lines along the axes cover the pixels of their units, so that neighbours
+// leave no gap; other thin lines are as many whole pixels wide as fit into a unit; text is drawn in
+// its size on the screen. So everything is as sharp as the screen is. Extents of text are told in
+// units, rounded up.
 class ScaledDevice final : public PaintDevice {
  public:
   // The bitmap has been made on a grid.
@@ -50,14 +51,14 @@ class ScaledDevice final : public PaintDevice {
   struct Scaled;  // a state in pixels
 
   RegionData region_of(const RegionData& units) const;
-  // Along the axes, of one pen width; false for other lines, which are left to the rasteriser.
+  // Thin solid lines along the axes; false, and nothing drawn, for others.
   bool draw_straight(const Scaled& state, const CPoint* points, int count);
   int length(double units) const;
   LOGFONT font_of(const LOGFONT& font) const;
 
   RasterDevice fine_;
   PixelGrid grid_;
-  int thin_;  // pixels of a line of one unit
+  int thin_;  // pixels of a slanting line of one unit
 };
 
 // The device that paints on the bitmap in its own units.

@@ -184,7 +184,7 @@ struct Painter : CWnd {
     memory.SelectObject(&bitmap);
     memory.FillSolidRect(0, 0, 9, 9, RGB(9, 9, 9));
     memory.FillSolidRect(1, 1, 3, 3, RGB(200, 0, 0));
-    dc.BitBlt(40, 10, 9, 9, &memory, 0, 0, SRCCOPY);
+    dc.BitBlt(40, 12, 9, 9, &memory, 0, 0, SRCCOPY);
     BITMAP size;
     bitmap.GetBitmap(&size);
     EXPECT_EQ(CSize(size.bmWidth, size.bmHeight), CSize(9, 9));
@@ -204,22 +204,25 @@ struct Scene {
   Painter top, inner;
 };
 
-TEST(FineScreen, TwiceAsManyPixelsShowEachPixelTwice) {
-  RasterBitmap plain, fine;
+TEST(FineScreen, EachUnitCoversItsPixels) {
+  RasterBitmap plain;
   {
     Scene scene(1);
     plain = window_picture(scene.top);
   }
-  {
-    Scene scene(2);
-    fine = window_picture(scene.top);
+  for (const double scale : {1.25, 1.5, 2.0, 3.0}) {
+    Scene scene(scale);
+    const RasterBitmap fine = window_picture(scene.top);
+    const PixelGrid& grid = fine.grid();
+    ASSERT_EQ(fine.width(), static_cast<int>(plain.width() * scale));
+    int differing = 0;
+    for (int y = 0; y < plain.height(); ++y)
+      for (int x = 0; x < plain.width(); ++x)
+        for (int row = grid.y(y); row < grid.y(y + 1); ++row)
+          for (int column = grid.x(x); column < grid.x(x + 1); ++column)
+            differing += fine.at(column, row) != plain.at(x, y);
+    EXPECT_EQ(differing, 0) << scale;
   }
-  ASSERT_EQ(fine.width(), 2 * plain.width());
-  ASSERT_EQ(fine.height(), 2 * plain.height());
-  int differing = 0;
-  for (int y = 0; y < fine.height(); ++y)
-    for (int x = 0; x < fine.width(); ++x) differing += fine.at(x, y) != plain.at(x / 2, y / 2);
-  EXPECT_EQ(differing, 0);
 }
 
 TEST(FineScreen, ScrolledAndMovedWindowsLookAsPaintedAnew) {
