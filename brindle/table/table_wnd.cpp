@@ -225,6 +225,13 @@ BOOL CTableWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
 
 BOOL CTableWnd::PreTranslateMessage(MSG* message) {
   if (m_ToolTip.GetSafeHwnd() != nullptr) m_ToolTip.RelayEvent(message);
+  const bool press = message->message == WM_LBUTTONDOWN || message->message == WM_RBUTTONDOWN;
+  if (const CComboBox* const combo = press ? shown_combo() : nullptr) {
+    // In a box that is typed in a click outside ends the editing, wherever it goes.
+    const CWnd* const clicked = CWnd::FromHandle(message->hwnd);
+    const bool outside = clicked != combo && !combo->IsChild(clicked);
+    if (outside && combo->edit_control()) SendMessage(WM_TABLE_COMBO_LOST_FOCUS);
+  }
   const bool key_down = message->message == WM_KEYDOWN;
   const bool escape = key_down && message->wParam == VK_ESCAPE;
   // While no editor is shown these go from cell to cell all the same. A dialog gets them, to leave
