@@ -7,6 +7,7 @@
 #include <random>
 
 #include "brindle/geometry/pixel_rounding.h"
+#include "tests/support/expect_numbers.h"
 
 namespace brindle {
 namespace {
@@ -15,26 +16,24 @@ TEST(PixelRounding, IsHalfUpAboveZeroAndOddBelow) {
   struct Case {
     float device;
     int pixel;
-  } const cases[] = {
-      {0, 0},
-      {0.49f, 0},
-      {0.5f, 1},
-      {1.49f, 1},
-      {2.5f, 3},
-      {-0.25f, 0},
-      {-0.5f, 0},
-      {-0.75f, 0},
-      {-1.2f, 0},
-      {-1.5f, -1},
-      {-2.4f, -1},
-      {-2.5f, -2},
-      {1e9f, 1000000000},
-      // What an int can't hold is its lowest value before the halving.
-      {1.1e9f, -1073741824},
-      {-3e9f, -1073741824},
-      {std::numeric_limits<float>::infinity(), -1073741824},
-      {std::nanf(""), -1073741824},
-  };
+  } const cases[] = {// What an int can't hold is its lowest value before the halving.
+                     {0, 0},
+                     {0.49f, 0},
+                     {0.5f, 1},
+                     {1.49f, 1},
+                     {2.5f, 3},
+                     {-0.25f, 0},
+                     {-0.5f, 0},
+                     {-0.75f, 0},
+                     {-1.2f, 0},
+                     {-1.5f, -1},
+                     {-2.4f, -1},
+                     {-2.5f, -2},
+                     {1e9f, 1000000000},
+                     {1.1e9f, -1073741824},
+                     {-3e9f, -1073741824},
+                     {std::numeric_limits<float>::infinity(), -1073741824},
+                     {std::nanf(""), -1073741824}};
   for (const Case& c : cases) EXPECT_EQ(round_to_pixel(c.device), c.pixel) << c.device;
 }
 
@@ -67,58 +66,48 @@ TEST(Coor, KeepsTheOriginsZ) {
   coor.SetOrigin(CFPoint(1, 2, 3));
   coor.Init(CFPoint(1, 2, 3), 4, 1);
   const CFPoint p = coor.DPtoFP(CPoint(8, 8));
-  EXPECT_EQ(p.x, 3);
-  EXPECT_EQ(p.y, 0);
-  EXPECT_EQ(p.z, 5);
+  expect_equal({p.x, p.y, p.z}, {3, 0, 5});
 }
 
 TEST(Coor, ConvertsLengthsAndRectangles) {
   CFCoor coor;
   coor.Init(CFPoint(0, 100, 0), 2, 1);
-  EXPECT_EQ(coor.FPtoDP(1.25), 2.5);
-  EXPECT_EQ(coor.DPtoFP(5), 2.5);
+  expect_equal({coor.FPtoDP(1.25), coor.DPtoFP(5)}, {2.5, 2.5});
   const CRect device = coor.FPtoDP(CFRect(10, 20, 30, 60));
   EXPECT_EQ(device, CRect(20, 80, 60, 160));
   const CFRect world = coor.DPtoFP(device);
-  EXPECT_EQ(world.left, 10);
-  EXPECT_EQ(world.bottom, 20);
-  EXPECT_EQ(world.right, 30);
-  EXPECT_EQ(world.top, 60);
+  expect_equal({world.left, world.bottom, world.right, world.top}, {10, 20, 30, 60});
   EXPECT_TRUE(coor.DPtoFP(static_cast<const tagRECT&>(device)).IsFRectNull(1e-9f));
 }
 
 TEST(Coor, ProjectsAndComesBackToThePlane) {
   float u, v, x, y, z;
   CFCoor::TouYing3Dto2D(1, 2, 3, 0.5f, 0.25f, u, v);
-  EXPECT_NEAR(u, std::cos(0.5) + 2 * std::sin(0.5), 1e-6);
-  EXPECT_NEAR(v, 3 * std::cos(0.25) + (2 * std::cos(0.5) - std::sin(0.5)) * std::sin(0.25), 1e-6);
+  expect_near({u, v},
+              {std::cos(0.5) + 2 * std::sin(0.5),
+               3 * std::cos(0.25) + (2 * std::cos(0.5) - std::sin(0.5)) * std::sin(0.25)},
+              1e-6);
   for (const float a : {0.0f, 0.5f, 2.0f, -1.0f}) {
     for (const float b : {0.25f, 1.0f, 1.5707964f, -0.5f}) {
       CFCoor::TouYing3Dto2D(3, -4, 0, a, b, u, v);
       CFCoor::FanTouYing2Dto3D(u, v, a, b, x, y, z);
-      EXPECT_NEAR(x, 3, 1e-4) << a << " " << b;
-      EXPECT_NEAR(y, -4, 1e-4) << a << " " << b;
-      EXPECT_EQ(z, 0);
+      expect_near({x, y, z}, {3, -4, 0}, 1e-4);
     }
   }
   CFCoor::FanTouYing2Dto3D(5, 7, 0.5f, 0, x, y, z);
-  EXPECT_NEAR(x, 5 * std::cos(0.5), 1e-5);
-  EXPECT_NEAR(y, 5 * std::sin(0.5), 1e-5);
-  EXPECT_EQ(z, 7);
+  expect_near({x, y, z}, {5 * std::cos(0.5), 5 * std::sin(0.5), 7}, 1e-5);
   CFCoor coor;
   coor.m_Angle1 = 0.5f;
   const CFPoint world = coor.DPtoFP3(coor.FP2toDP(coor.PointTouYing(CFPoint(300, 400, 0))));
-  EXPECT_NEAR(world.x, 300, 2);  // half a pixel, enlarged by the way back
-  EXPECT_NEAR(world.y, 400, 2);
+  expect_near({world.x, world.y}, {300, 400}, 2);  // half a pixel, enlarged by the way back
 }
 
 TEST(Coor, NormalizesTheDeviceRectangle) {
   CFCoor coor;
   coor.m_ViewLeft = 100, coor.m_ViewRight = 300, coor.m_ViewTop = 0, coor.m_ViewBottom = 50;
-  EXPECT_EQ(coor.getXnormalized(100), -1.0);
-  EXPECT_EQ(coor.getXnormalized(250), 0.5);
-  EXPECT_EQ(coor.getYnormalized(50), -1.0);
-  EXPECT_EQ(coor.getYnormalized(0), 1.0);
+  expect_equal({coor.getXnormalized(100), coor.getXnormalized(250), coor.getYnormalized(50),
+                coor.getYnormalized(0)},
+               {-1, 0.5, -1, 1});
 }
 
 TEST(Coor, ConvertsRectanglesThroughItsVirtualPoints) {

@@ -1,4 +1,5 @@
 #include "brindle/geometry/int_set.h"
+#include "tests/support/expect_numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -12,13 +13,11 @@ namespace {
 
 TEST(IntSet, RangesAndWords) {
   const CQxIntSet five(5);
-  EXPECT_EQ(five.GetHigh(), 31);
-  EXPECT_EQ(five.GetSize(), 32);
-  EXPECT_EQ(five.GetDwCount(), 1);
-  EXPECT_EQ(CQxIntSet(-3).GetHigh(), 31);
-  EXPECT_EQ(CQxIntSet(33).GetDwCount(), 2);
-  EXPECT_EQ(CQxIntSet(-10, 53).GetDwCount(), 2);
-  EXPECT_EQ(CQxIntSet(-10, 54).GetDwCount(), 3);
+  expect_equal({five.GetHigh(), five.GetSize(), five.GetDwCount(), CQxIntSet(-3).GetHigh()},
+               {31, 32, 1, 31});
+  expect_equal({CQxIntSet(33).GetDwCount(), CQxIntSet(-10, 53).GetDwCount(),
+                CQxIntSet(-10, 54).GetDwCount()},
+               {2, 2, 3});
   EXPECT_EQ(CQxIntSet(9, 3).GetCount(), 0);  // a range turned round holds nothing
 }
 

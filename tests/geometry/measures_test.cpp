@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
-#include <random>
 #include <vector>
 
 #include "brindle/geometry/angles.h"
@@ -15,6 +14,8 @@
 #include "brindle/geometry/lines.h"
 #include "brindle/geometry/point2d.h"
 #include "brindle/geometry/polygons.h"
+#include "tests/support/expect_numbers.h"
+#include "tests/support/random.h"
 
 namespace brindle {
 namespace {
@@ -23,30 +24,38 @@ using Real = long double;
 constexpr double kPi = std::numbers::pi;
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
-class Random {
- public:
-  double operator()(double low, double high) {
-    return std::uniform_real_distribution<double>(low, high)(engine_);
-  }
-  // Exact in both widths.
-  float whole(int low, int high) {
-    return static_cast<float>(std::uniform_int_distribution<int>(low, high)(engine_));
-  }
-
- private:
-  std::mt19937 engine_{17};
-};
-
-TEST(Polar, GivesNothingForNoLength) {
-  EXPECT_EQ(polar(0.0, 0.0, 2), 0);
-  EXPECT_EQ(polar(-1.0, 0.0, 2), kPi);
-  EXPECT_EQ(polar(-1.0f, 0.0f, 2), static_cast<float>(kPi));
-  EXPECT_EQ(polar(3e-9f, 4e-9f, 1), 0);
+TEST(Helpers, PolarGivesLengthAndDirection) {
+  expect_equal({polar(3.0, -4.0, 1), polar(3.0f, -4.0f, 1), polar(3e-9f, 4e-9f, 1)}, {5, 5, 0});
+  expect_equal({polar(0.0, 0.0, 2), polar(-1.0, 0.0, 2), polar(-1.0f, 0.0f, 2), polar(0.0, -1.0, 2),
+                polar(5e-9f, 5e-9f, 2)},
+               {0, kPi, static_cast<float>(kPi), 1.5 * kPi, 0});
   EXPECT_NEAR(polar(3e-9, 4e-9, 1), 5e-9, 1e-20);
+  EXPECT_NEAR(polar(5e-9, 5e-9, 2), kPi / 4, 1e-12);
+  for (int i = 0; i < 48; ++i) {
+    const double angle = i * kPi / 24 + 0.01, x = std::cos(angle), y = std::sin(angle);
+    EXPECT_NEAR(get_line_angle(7.0, 3.0, 7 + x, 3 + y), angle, 1e-7);
+    EXPECT_NEAR(get_line_angle(0.0f, 0.0f, static_cast<float>(x), static_cast<float>(y)), angle,
+                1e-3);
+    // A point at the frame's angle lands on its x axis.
+    double turned_x = x, turned_y = y;
+    rotate_coordinate(angle, &turned_x, &turned_y);
+    expect_near({turned_x, turned_y}, {1, 0}, 1e-14);
+  }
+}
+
+TEST(Helpers, ShiftsTurnsAndMeasures) {
+  float x = 5, y = 7;
+  shift_coordinate(1.0f, 2.0f, &x, &y);
+  expect_equal({x, y}, {4, 5});
+  rotate_coordinate(static_cast<float>(kPi / 2), &x, &y);  // clockwise
+  expect_near({x, y}, {5, -4}, 1e-6);
+  expect_equal({get_dist(1.0f, 1.0f, 4.0f, 5.0f), get_dist(1.0, 1.0, 4.0, 5.0),
+                get_dist(1.0, 2.0, 3.0, 3.0, 5.0, 9.0)},
+               {5, 5, 7});
 }
 
 TEST(Angles, InteriorAnglesAddUpAndMatchTheLawOfCosines) {
-  Random random;
+  Random random(17);
   for (int i = 0; i < 500; ++i) {
     const double x[] = {random(-9, 9), random(-9, 9), random(-9, 9)};
     const double y[] = {random(-9, 9), random(-9, 9), random(-9, 9)};
@@ -69,27 +78,27 @@ TEST(Angles, InteriorAnglesAddUpAndMatchTheLawOfCosines) {
 }
 
 TEST(Angles, DegenerateFiguresGiveNumbers) {
-  EXPECT_EQ(max_angle_of_tri(1.0, 1, 1, 1, 1, 1), 0);
-  EXPECT_EQ(max_angle_of_tri(0.0f, 0, 2, 0, 1, 0), kPi);
-  EXPECT_EQ(min_angle_of_tri(0.0f, 0, 2, 0, 1, 0), 0);
-  EXPECT_EQ(get_two_line_angle(0.0, 0, -1, 0, 5, 5, 5, 5), 0);
-  EXPECT_TRUE(std::isnan(get_two_line_angle(kNan, 0, -1, 0, 5, 5, 6, 5)));
+  expect_equal(
+      {max_angle_of_tri(1.0, 1, 1, 1, 1, 1), max_angle_of_tri(0.0f, 0, 2, 0, 1, 0),
+       min_angle_of_tri(0.0f, 0, 2, 0, 1, 0), get_two_line_angle(0.0, 0, -1, 0, 5, 5, 5, 5),
+       get_two_line_angle(kNan, 0, -1, 0, 5, 5, 6, 5)},
+      {0, kPi, 0, 0, kNan});
 }
 
 TEST(Distances, SquaresStayInTheirRange) {
-  EXPECT_EQ(get_distsquare(1, 2, 3, 4, 6, 15), 169);
   constexpr int kMost = std::numeric_limits<int>::max(), kLeast = std::numeric_limits<int>::min();
-  EXPECT_EQ(get_distsquare(kMost, kMost, kMost, kLeast, kLeast, kLeast), kMost);
-  EXPECT_EQ(get_distsquare(0, 0, 0, 46340, 0, 0), 46340 * 46340);
-  EXPECT_EQ(get_distsquare(0, 0, 0, 46341, 0, 0), kMost);
-  EXPECT_EQ(get_distsquare(0, 0, 0, 40000, 40000, 0), kMost);
-  EXPECT_EQ(get_distsquare(1.5f, 0.0f, 0.0f, 0.0f, 2.0f, 0.0f), 6.25f);
-  EXPECT_EQ(get_distsquare(1.5, 0.0, 0.0, 0.0, 2.0, 6.0), 42.25);
+  expect_equal(
+      {get_distsquare(1, 2, 3, 4, 6, 15),
+       get_distsquare(kMost, kMost, kMost, kLeast, kLeast, kLeast),
+       get_distsquare(0, 0, 0, 46340, 0, 0), get_distsquare(0, 0, 0, 46341, 0, 0),
+       get_distsquare(0, 0, 0, 40000, 40000, 0), get_distsquare(1.5f, 0.0f, 0.0f, 0.0f, 2.0f, 0.0f),
+       get_distsquare(1.5, 0.0, 0.0, 0.0, 2.0, 6.0)},
+      {169, kMost, 46340 * 46340, kMost, kMost, 6.25, 42.25});
 }
 
 // The nearest of a thousand points of the section.
 TEST(Distances, SectionAgainstItsPoints) {
-  Random random;
+  Random random(17);
   for (int i = 0; i < 100; ++i) {
     const double px = random(-9, 9), py = random(-9, 9), x1 = random(-9, 9), y1 = random(-9, 9);
     const double x2 = i % 5 ? random(-9, 9) : x1, y2 = i % 5 ? random(-9, 9) : y1;
@@ -123,23 +132,20 @@ TEST(Distances, InsideOfASection) {
 TEST(Lines, CrossWithTheirOwnTolerance) {
   float x = 0, y = 0;
   EXPECT_EQ(line_point_inter(0.0f, 0, 4, 4, 0, 4, 4, 0, &x, &y), 1);
-  EXPECT_FLOAT_EQ(x, 2);
-  EXPECT_FLOAT_EQ(y, 2);
+  expect_near({x, y}, {2, 2}, 1e-6);
   double dx = 7, dy = 7;
   EXPECT_EQ(line_point_inter(0.0, 0, 1, 0, 0, 1, 1, 1.0000099, &dx, &dy), 0);
   EXPECT_EQ(dx, 7);
   EXPECT_EQ(line_point_inter(0.0, 0, 1, 0, 0, 1, 1, 1.0000101, &dx, &dy), 1);
   double a, b, c;
   line_func(0.0, 1, 1, 4, &a, &b, &c);  // steep: b is 1
-  EXPECT_EQ(b, 1);
-  EXPECT_NEAR(a * 7 - b * 2, c, 1e-14);
+  expect_near({b, a * 7 - b * 2}, {1, c}, 1e-14);
   EXPECT_EQ(line_func_inter(1.0, 0, 2, 0, 1, -3, &dx, &dy), 1);  // y = 2, x = 3
-  EXPECT_EQ(dx, 3);
-  EXPECT_EQ(dy, 2);
+  expect_equal({dx, dy}, {3, 2});
 }
 
 TEST(Lines, OffsetLiesToTheLeft) {
-  Random random;
+  Random random(17);
   for (int i = 0; i < 100; ++i) {
     const double x1 = random(-9, 9), y1 = random(-9, 9), x2 = random(-9, 9), y2 = random(-9, 9);
     const double d = random(-3, 3);
@@ -176,23 +182,19 @@ void check_polygon(Random& random, int n, double far, double eps) {
     round += std::hypot(vx - ux, vy - uy);
   }
   const double area_eps = eps * 100 + far * far * n * 1e-16;  // what the origin's triangles lose
-  T cx, cy;
-  centroid_poli(n, x.data(), y.data(), &cx, &cy);
-  EXPECT_NEAR(cx, far + mx / area, eps);
-  EXPECT_NEAR(cy, my / area - far, eps);
-  EXPECT_NEAR(area_poli(n, x.data(), y.data()), area, area_eps);
-  EXPECT_NEAR(zhouchang_poli(n, x.data(), y.data()), round, eps * 10);
-  std::reverse(x.begin(), x.end());
-  std::reverse(y.begin(), y.end());
-  EXPECT_NEAR(area_poli(n, x.data(), y.data()), -area, area_eps);
-  T other_x, other_y;
-  centroid_poli(n, x.data(), y.data(), &other_x, &other_y);
-  EXPECT_NEAR(other_x, cx, eps);
-  EXPECT_NEAR(other_y, cy, eps);
+  for (const int sign : {1, -1}) {
+    T cx, cy;
+    centroid_poli(n, x.data(), y.data(), &cx, &cy);
+    expect_near({cx, cy}, {far + mx / area, my / area - far}, eps);
+    EXPECT_NEAR(area_poli(n, x.data(), y.data()), sign * area, area_eps);
+    EXPECT_NEAR(zhouchang_poli(n, x.data(), y.data()), round, eps * 10);
+    std::reverse(x.begin(), x.end());
+    std::reverse(y.begin(), y.end());
+  }
 }
 
 TEST(Polygons, AreaCentroidAndPerimeter) {
-  Random random;
+  Random random(17);
   for (int n = 3; n < 40; ++n) {
     check_polygon<double>(random, n, 0, 1e-13);
     check_polygon<double>(random, n, 1e5, 1e-9);
@@ -204,8 +206,7 @@ TEST(Polygons, DegenerateOnesGiveNumbers) {
   const double x[] = {1, 3, 5}, y[] = {2, 2, 2};
   double cx, cy;
   centroid_poli(3, x, y, &cx, &cy);
-  EXPECT_EQ(cx, 3);
-  EXPECT_EQ(cy, 2);
+  expect_equal({cx, cy}, {3, 2});
   for (const int n : {0, -4}) {
     centroid_poli(n, x, y, &cx, &cy);
     EXPECT_EQ(cx + cy + area_poli(n, x, y) + zhouchang_poli(n, x, y), 0);
@@ -220,19 +221,16 @@ TEST(Polygons, CornersOfATurnedRectangle) {
   float x[4], y[4];
   get_rect_jiaodian(10, 20, 4, 2, 90, x, y);
   const float want_x[] = {11, 11, 9, 9}, want_y[] = {18, 22, 22, 18};
-  for (int i = 0; i < 4; ++i) {
-    EXPECT_NEAR(x[i], want_x[i], 1e-5);
-    EXPECT_NEAR(y[i], want_y[i], 1e-5);
-  }
+  for (int i = 0; i < 4; ++i) expect_near({x[i], y[i]}, {want_x[i], want_y[i]}, 1e-5);
 }
 
 // Whole coordinates: crossing decided by exact signs.
 TEST(Point2d, SegmentsCrossByExactSigns) {
-  Random random;
+  Random random(17);
   int crossed = 0;
   for (int i = 0; i < 2000; ++i) {
     POINT_2D p[4];
-    for (POINT_2D& q : p) q = {random.whole(-6, 6), random.whole(-6, 6)};
+    for (POINT_2D& q : p) q = {1.0 * random.whole(-6, 6), 1.0 * random.whole(-6, 6)};
     const auto sign = [&](int a, int b, int c) {
       const double det = det3_point_2d(p[a], p[b], p[c]);
       return (det > 0) - (det < 0);
@@ -274,40 +272,29 @@ TEST(Point2d, PointInAreaOfAnyShape) {
 
 TEST(Arrays, Extremes) {
   const double v[] = {kNan, 2, -7, 5, 5, -7};
-  int index = 9;
-  EXPECT_EQ(get_dim_absmax(6, v, &index), 7);
-  EXPECT_EQ(index, 2);
-  EXPECT_EQ(get_dim_absmin(6, v, &index), 2);
-  EXPECT_EQ(index, 1);
-  EXPECT_EQ(get_dim_max(6, v, &index), 5);
-  EXPECT_EQ(index, 3);
-  EXPECT_EQ(get_dim_min(6, v, nullptr), -7);
+  int at[3] = {};
+  expect_equal({get_dim_absmax(6, v, at), get_dim_absmin(6, v, at + 1), get_dim_max(6, v, at + 2),
+                get_dim_min(6, v, nullptr)},
+               {7, 2, 5, -7});
+  expect_equal({at[0], at[1], at[2]}, {2, 1, 3});
   for (const int n : {1, 0, -3}) {
-    EXPECT_EQ(get_dim_max(n, v, &index), 0);
-    EXPECT_EQ(index, -1);
+    EXPECT_EQ(get_dim_max(n, v, at), 0);
+    EXPECT_EQ(at[0], -1);
   }
 }
 
 TEST(Arrays, InsertionKeepsOrderAndTolerance) {
   CArray<float, float> rising, falling;
-  const float values[] = {3, 1, 2, 1.00001f, 2.5f, 0.5f, std::numeric_limits<float>::quiet_NaN(),
-                          3};
-  int added = 0;
-  for (const float v : values) {
+  for (const float v : {3.f, 1.f, 2.f, 1.00001f, 2.5f, 0.5f, static_cast<float>(kNan), 3.f}) {
     EXPECT_EQ(AddOneX2Array(&rising, v, 1, 1e-4f), AddOneX2Array(&falling, v, -1, 1e-4f));
   }
-  for (INT_PTR i = 0; i < rising.GetSize(); ++i) added += rising[i] == falling[4 - i];
-  EXPECT_EQ(rising.GetSize(), 5);
-  EXPECT_EQ(added, 5);
+  ASSERT_EQ(rising.GetSize(), 5);
+  for (INT_PTR i = 0; i < 5; ++i) EXPECT_EQ(rising[i], falling[4 - i]);
   EXPECT_TRUE(std::is_sorted(rising.begin(), rising.end()));
   CArray<int, int> whole;
-  for (const int v :
-       {4, 7, 5, std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), 4}) {
+  for (const int v : {4, 7, 5, std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), 4})
     AddOneX2Array(&whole, v, 0, 1);
-  }
-  EXPECT_EQ(whole.GetSize(), 4);
-  EXPECT_EQ(whole[1], 4);
-  EXPECT_EQ(whole[2], 7);
+  expect_equal({whole.GetSize(), whole[1], whole[2]}, {4, 4, 7});
   EXPECT_EQ(AddOneX2Array(static_cast<CArray<int, int>*>(nullptr), 1, 0, 1), 0);
 }
 
@@ -315,8 +302,7 @@ TEST(Arrays, FramesAndExchange) {
   double x[] = {1, 2}, y[] = {0, 0};
   rotate_points(kPi / 2, 2, x, y);
   shift_points(1.0, 1.0, 2, x, y);
-  EXPECT_NEAR(x[1], -1, 1e-15);
-  EXPECT_NEAR(y[1], -3, 1e-15);
+  expect_near({x[1], y[1]}, {-1, -3}, 1e-15);
   rotate_points(1.0, -1, x, y);
   float a = 1, b = 2;
   swap_float(&a, &b);

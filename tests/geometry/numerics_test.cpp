@@ -11,6 +11,7 @@
 
 #include "brindle/geometry/interpolation.h"
 #include "brindle/geometry/linear_algebra.h"
+#include "tests/support/expect_numbers.h"
 #include "tests/support/recorded_messages.h"
 
 namespace brindle {
@@ -87,9 +88,10 @@ TEST(Polynomials, NevilleHitsAPolynomialOfItsDegree) {
 TEST(Roots, Bisection) {
   EXPECT_NEAR(two_divide_equ(static_cast<double (*)(double)>(std::cos), 0.0, 3.0), std::acos(0.0),
               1e-15);
-  EXPECT_EQ(two_divide_equ([](double x) { return x - 1; }, 1.0, 5.0), 1);
-  EXPECT_EQ(two_divide_equ([](double x) { return x - 1; }, -5.0, 1.0), 1);
-  EXPECT_NEAR(two_divide_equ([](double x) { return x - 1; }, 1e308, -1e308), 1, 1e-15);
+  const auto less_one = [](double x) { return x - 1; };
+  expect_near({two_divide_equ(less_one, 1.0, 5.0), two_divide_equ(less_one, -5.0, 1.0),
+               two_divide_equ(less_one, 1e308, -1e308)},
+              {1, 1, 1}, 1e-15);
   EXPECT_NEAR(two_divide_equ([](float x) { return 2 - x * x; }, 0.0f, 2.0f), std::sqrt(2.0f), 2e-7);
   // A jump from one sign to the other is found too.
   EXPECT_NEAR(two_divide_equ([](double x) { return x < 0.7 ? -1.0 : 1.0; }, 0.0, 1.0), 0.7, 1e-15);
@@ -111,10 +113,9 @@ TEST(Tables, LookUp) {
     const float fx[] = {1, 2, 4}, fy[] = {10, 20, 0};
     EXPECT_EQ(liner_inter(fx, fy, 3, static_cast<float>(c.v)), c.want);
   }
-  EXPECT_EQ(liner_inter(x, y, 1, 9.0), 10);
-  EXPECT_EQ(liner_inter(x, y, 0, 9.0), 0);
-  EXPECT_EQ(liner_inter(x, y, -2, 9.0), 0);
-  EXPECT_TRUE(std::isnan(liner_inter(x, y, 3, kNan)));
+  expect_equal({liner_inter(x, y, 1, 9.0), liner_inter(x, y, 0, 9.0), liner_inter(x, y, -2, 9.0),
+                liner_inter(x, y, 3, kNan)},
+               {10, 0, 0, kNan});
   RecordedMessages said;
   const double same[] = {3, 3};
   EXPECT_EQ(liner_inter(same, y, 2, 3.0), 10);
@@ -140,39 +141,39 @@ TEST(Tables, StepsHaveTwoSides) {
 
 // The sum's value is the sum of values, everywhere.
 TEST(Tables, SumsOfTables) {
+  struct Table {
+    std::vector<double> x, left, right;
+    int n = 0;
+    double at(double v) const { return liner_inter(x.data(), left.data(), n, v); }
+    double right_at(double v) const {
+      return liner_inter_2_right(n, x.data(), left.data(), right.data(), v);
+    }
+  };
   for (int trial = 0; trial < 100; ++trial) {
-    const auto table = [&](int n, double from, bool steps) {
-      std::vector<std::vector<double>> t(3);
-      for (int i = 0; i < n; ++i) {
-        t[0].push_back(from + i + 0.4 * random_number());
-        t[1].push_back(i == 0 && steps ? 0 : random_number());
-        t[2].push_back(i == n - 1 && steps ? 0 : random_number());
+    const auto table = [](int n, double from) {
+      Table t;
+      for (t.n = 0; t.n < n; ++t.n) {
+        t.x.push_back(from + t.n + 0.4 * random_number());
+        t.left.push_back(t.n == 0 ? 0 : random_number());
+        t.right.push_back(t.n == n - 1 ? 0 : random_number());
       }
       return t;
     };
-    const int n1 = 2 + trial % 4, n2 = 2 + trial % 3;
     const bool shared = trial % 2 == 0;
-    auto f = table(n1, 0, true), g = table(n2, 1, true);
-    if (shared) g[0][0] = f[0][1];
-    std::vector<double> x(9), y(9), z(9);
-    const auto count = static_cast<std::size_t>(n1 + n2 - (shared ? 1 : 0));
-    ASSERT_EQ(add_segment_function(n1, f[0].data(), f[1].data(), n2, g[0].data(), g[1].data(),
-                                   x.data(), y.data()),
-              static_cast<int>(count));
+    const Table f = table(2 + trial % 4, 0);
+    Table g = table(2 + trial % 3, 1), sum;
+    if (shared) g.x[0] = f.x[1];
+    sum.x.resize(9), sum.left.resize(9), sum.right.resize(9);
+    sum.n = add_segment_function(f.n, f.x.data(), f.left.data(), g.n, g.x.data(), g.left.data(),
+                                 sum.x.data(), sum.left.data());
+    ASSERT_EQ(sum.n, f.n + g.n - (shared ? 1 : 0));
+    for (double v = -2; v < 8; v += 0.13) EXPECT_NEAR(sum.at(v), f.at(v) + g.at(v), 1e-9);
+    sum.n = add_segment_function_2(f.n, f.x.data(), f.left.data(), f.right.data(), g.n, g.x.data(),
+                                   g.left.data(), g.right.data(), sum.x.data(), sum.left.data(),
+                                   sum.right.data());
+    ASSERT_EQ(sum.n, f.n + g.n - (shared ? 1 : 0));
     for (double v = -2; v < 8; v += 0.13) {
-      EXPECT_NEAR(liner_inter(x.data(), y.data(), static_cast<int>(count), v),
-                  liner_inter(f[0].data(), f[1].data(), n1, v) +
-                      liner_inter(g[0].data(), g[1].data(), n2, v),
-                  1e-9);
-    }
-    ASSERT_EQ(add_segment_function_2(n1, f[0].data(), f[1].data(), f[2].data(), n2, g[0].data(),
-                                     g[1].data(), g[2].data(), x.data(), y.data(), z.data()),
-              static_cast<int>(count));
-    for (double v = -2; v < 8; v += 0.13) {
-      EXPECT_NEAR(liner_inter_2_right(static_cast<int>(count), x.data(), y.data(), z.data(), v),
-                  liner_inter_2_right(n1, f[0].data(), f[1].data(), f[2].data(), v) +
-                      liner_inter_2_right(n2, g[0].data(), g[1].data(), g[2].data(), v),
-                  1e-9);
+      EXPECT_NEAR(sum.right_at(v), f.right_at(v) + g.right_at(v), 1e-9);
     }
   }
   float x[4], y[4];
@@ -272,8 +273,7 @@ TEST(Equations, GetInverse) {
   const double wide[] = {0, 2, 77, 4, 0, 88};
   double out[] = {9, 9, 9, 9, 9, 9};
   EXPECT_EQ(GetInverse(wide, out, 2, 3, 0), 1);
-  const double want[] = {0, 0.25, 9, 0.5, 0, 9};
-  for (int i = 0; i < 6; ++i) EXPECT_EQ(out[i], want[i]);
+  expect_equal({out[0], out[1], out[2], out[3], out[4], out[5]}, {0, 0.25, 9, 0.5, 0, 9});
   RecordedMessages said;
   const double singular[] = {1, 2, 2, 4}, none[] = {kNan, 0, 0, 1}, small[] = {1e-6, 0, 0, 1};
   EXPECT_EQ(GetInverse(singular, out, 2, 2, 1e-9), 0);

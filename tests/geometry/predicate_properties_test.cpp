@@ -5,14 +5,15 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <numbers>
 #include <random>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
 #include "predicate_twins.h"
+#include "tests/support/expect_numbers.h"
 
 namespace brindle {
 namespace {
@@ -134,10 +135,39 @@ class PredicateProperties : public testing::Test {
     return made;
   }
 
+  // Takes a figure's answer for a clear case and counts the cases of either kind.
+  void check(int got, int expected, const char* what) {
+    if (expected < 0) return;
+    EXPECT_EQ(got, expected) << what;
+    ++m_seen[expected];
+  }
+
   std::mt19937 m_random{20};
+  int m_seen[3] = {};
 };
 using Widths = testing::Types<float, double>;
 TYPED_TEST_SUITE(PredicateProperties, Widths);
+
+// Points stand for two numbers each.
+inline auto numbers_of(P p) {
+  return std::tuple(p.x, p.y);
+}
+template <class T>
+auto numbers_of(T v) {
+  return std::tuple(v);
+}
+
+// Calls the predicate with the numbers of all arguments, in its width.
+template <class Result, class... Args, class... Given>
+Result call(Result (*predicate)(Args...), Given... given) {
+  return std::apply([&](auto... v) { return predicate(static_cast<Args>(v)...); },
+                    std::tuple_cat(numbers_of(given)...));
+}
+
+// The end of an arc as the predicates want it: an arc through zero ends below its start.
+Exact wrapped(Exact a) {
+  return a >= kTwoPi ? a - kTwoPi : a;
+}
 
 #define USE_FAMILY                \
   using Real = TypeParam;         \
@@ -145,7 +175,6 @@ TYPED_TEST_SUITE(PredicateProperties, Widths);
   const Real tol = this->kTol;    \
   const Exact near = this->kNear; \
   static_cast<void>(tol), static_cast<void>(near)
-#define R(v) static_cast<Real>(v)
 
 TYPED_TEST(PredicateProperties, DistancesAndFeet) {
   USE_FAMILY;
@@ -155,118 +184,104 @@ TYPED_TEST(PredicateProperties, DistancesAndFeet) {
     if (size < 0.1) continue;
     const Exact t = dot(p - a, b - a) / (size * size);
     const P foot = along(a, b, t);
-    EXPECT_NEAR(F::GetDistance(R(p.x), R(p.y), R(a.x), R(a.y)), length(p - a), near);
-    EXPECT_EQ(F::GetDistance(R(p.x), R(p.y), R(a.x), R(a.y)),
-              F::GetDist(R(a.x), R(a.y), R(p.x), R(p.y)));
-    EXPECT_NEAR(F::GetMinDist_PointToLine(R(p.x), R(p.y), R(a.x), R(a.y), R(b.x), R(b.y)),
-                length(p - foot), near);
-    for (const auto& [u, v] : {std::pair{a, b}, {b, a}}) {
-      EXPECT_NEAR(F::GetMinDist_PointToLineSection(R(p.x), R(p.y), R(u.x), R(u.y), R(v.x), R(v.y)),
-                  distance_to_section(p, a, b), near);
-    }
-    Real x = 0, y = 0;
-    F::GetCuiZu_PointToLine(R(p.x), R(p.y), R(a.x), R(a.y), R(b.x), R(b.y), &x, &y);
-    EXPECT_NEAR(x, foot.x, near);
-    EXPECT_NEAR(y, foot.y, near);
-    const int on =
-        F::GetCuiZu_PointToLineSection(R(p.x), R(p.y), R(a.x), R(a.y), R(b.x), R(b.y), &x, &y, tol);
-    EXPECT_NEAR(x, foot.x, near);
+    EXPECT_NEAR(call(F::GetDistance, p, a), length(p - a), near);
+    EXPECT_EQ(call(F::GetDistance, p, a), call(F::GetDist, a, p));
+    EXPECT_NEAR(call(F::GetMinDist_PointToLine, p, a, b), length(p - foot), near);
+    EXPECT_NEAR(call(F::GetMinDist_PointToLineSection, p, a, b), distance_to_section(p, a, b),
+                near);
+    EXPECT_NEAR(call(F::GetMinDist_PointToLineSection, p, b, a), distance_to_section(p, a, b),
+                near);
+    Real x = 0, y = 0, section_x = 0;
+    call(F::GetCuiZu_PointToLine, p, a, b, &x, &y);
+    const int on = call(F::GetCuiZu_PointToLineSection, p, a, b, &section_x, &y, tol);
+    expect_near({x, section_x, y}, {foot.x, foot.x, foot.y}, static_cast<double>(near));
     if (std::min(std::fabs(t), std::fabs(t - 1)) * size > this->kClear) {
       EXPECT_TRUE(on == (t > 0 && t < 1));
     }
-    EXPECT_NEAR(F::GetDet_Tri(R(a.x), R(a.y), R(b.x), R(b.y), R(p.x), R(p.y)), cross(b - a, p - a),
-                near);
-    EXPECT_NEAR(F::GetAngle(R(a.x), R(a.y), R(b.x), R(b.y)),
-                turn_from(0, std::atan2(b.y - a.y, b.x - a.x)), near);
+    EXPECT_NEAR(call(F::GetDet_Tri, a, b, p), cross(b - a, p - a), near);
+    EXPECT_NEAR(call(F::GetAngle, a, b), turn_from(0, std::atan2(b.y - a.y, b.x - a.x)), near);
   }
 }
 
 // Exact integers decide whether sections cross; both orders and all directions agree.
 TYPED_TEST(PredicateProperties, SectionsOnALattice) {
   USE_FAMILY;
-  struct I {
-    int x, y;
-  };
-  const auto turn = [](I a, I b, I c) {
-    const int v = (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+  const auto turn = [](P a, P b, P c) {
+    const Exact v = cross(b - a, c - a);
     return (v > 0) - (v < 0);
   };
-  const auto between = [](I p, I a, I b) {
+  const auto between = [](P p, P a, P b) {
     return std::min(a.x, b.x) <= p.x && p.x <= std::max(a.x, b.x) && std::min(a.y, b.y) <= p.y &&
            p.y <= std::max(a.y, b.y);
   };
-  int seen[3] = {};
+  const auto draw = [this] {
+    const auto whole = [this] { return static_cast<Exact>(this->m_random() % 9) - 4; };
+    const Exact x = whole();
+    return P{x, whole()};
+  };
   for (int i = 0; i < 20000; ++i) {
-    const auto draw = [&] {
-      return I{static_cast<int>(this->m_random() % 9) - 4,
-               static_cast<int>(this->m_random() % 9) - 4};
-    };
-    const I a = draw(), b = draw(), c = draw(), d = draw();
-    const bool first_is_point = a.x == b.x && a.y == b.y,
-               second_is_point = c.x == d.x && c.y == d.y;
-    if (first_is_point || second_is_point) continue;
-    const bool parallel = (b.x - a.x) * (d.y - c.y) == (b.y - a.y) * (d.x - c.x);
-    int expected = 0;
-    if (parallel) {
-      const bool overlap =
-          between(a, c, d) || between(b, c, d) || between(c, a, b) || between(d, a, b);
-      expected = turn(a, b, c) == 0 && overlap ? 2 : 0;
-    } else {
-      expected = turn(a, b, c) * turn(a, b, d) <= 0 && turn(c, d, a) * turn(c, d, b) <= 0;
-    }
-    ++seen[expected];
-    const I orders[][4] = {{a, b, c, d}, {b, a, c, d}, {a, b, d, c}, {c, d, a, b}, {d, c, b, a}};
-    for (const auto& o : orders) {
+    const P a = draw(), b = draw(), c = draw(), d = draw();
+    if (length(b - a) == 0 || length(d - c) == 0) continue;
+    const bool overlap =
+        between(a, c, d) || between(b, c, d) || between(c, a, b) || between(d, a, b);
+    const int sides = turn(a, b, c) * turn(a, b, d), other_sides = turn(c, d, a) * turn(c, d, b);
+    const int expected = cross(b - a, d - c) != 0        ? sides <= 0 && other_sides <= 0
+                         : turn(a, b, c) == 0 && overlap ? 2
+                                                         : 0;
+    ++this->m_seen[expected];
+    const P orders[][4] = {{a, b, c, d}, {b, a, c, d}, {a, b, d, c}, {c, d, a, b}, {d, c, b, a}};
+    for (const auto& [p, q, r, s] : orders) {
       Real x = 99, y = 99, x2 = 99, y2 = 99;
-      const auto call = [&](auto function, Real* to_x, Real* to_y) {
-        return function(R(o[0].x), R(o[0].y), R(o[1].x), R(o[1].y), R(o[2].x), R(o[2].y), R(o[3].x),
-                        R(o[3].y), to_x, to_y, tol);
-      };
-      ASSERT_EQ(call(F::GetInterPoint_LineSection_LineSection, &x, &y), expected);
-      ASSERT_EQ(call(F::GetInterPoint_LineSection, &x2, &y2), expected == 1);
-      if (expected != 1) {
-        ASSERT_TRUE(x == 99 && x2 == 99);
-        continue;
-      }
+      ASSERT_EQ(call(F::GetInterPoint_LineSection_LineSection, p, q, r, s, &x, &y, tol), expected);
+      ASSERT_EQ(call(F::GetInterPoint_LineSection, p, q, r, s, &x2, &y2, tol), expected == 1);
       ASSERT_TRUE(x == x2 && y == y2);
-      const P p{x, y};
-      ASSERT_LT(distance_to_section(p, {Exact(a.x), Exact(a.y)}, {Exact(b.x), Exact(b.y)}),
-                5 * near);
-      ASSERT_LT(distance_to_section(p, {Exact(c.x), Exact(c.y)}, {Exact(d.x), Exact(d.y)}),
-                5 * near);
-      ASSERT_EQ(call(F::GetInterPoint_Line, &x2, &y2), 1);
-      ASSERT_NEAR(x2, x, 5 * near);
-      ASSERT_NEAR(y2, y, 5 * near);
+      ASSERT_EQ(x == 99, expected != 1);
+      if (expected != 1) continue;
+      ASSERT_LT(distance_to_section({x, y}, a, b), 5 * near);
+      ASSERT_LT(distance_to_section({x, y}, c, d), 5 * near);
+      ASSERT_EQ(call(F::GetInterPoint_Line, p, q, r, s, &x2, &y2, tol), 1);
+      ASSERT_LT(length(P{x, y} - P{x2, y2}), 5 * near);
       // The earlier method finds the same away from the ends.
-      const bool proper = turn(a, b, c) * turn(a, b, d) < 0 && turn(c, d, a) * turn(c, d, b) < 0;
-      if (proper) {
-        ASSERT_EQ(call(F::GetInterPoint_LineSection_Old, &x2, &y2), 1);
+      if (sides < 0 && other_sides < 0) {
+        ASSERT_EQ(call(F::GetInterPoint_LineSection_Old, p, q, r, s, &x2, &y2, tol), 1);
       }
     }
   }
-  EXPECT_GT(seen[2], 50);
-  EXPECT_GT(seen[1], 1000);
+  EXPECT_GT(this->m_seen[2], 50);
+  EXPECT_GT(this->m_seen[1], 1000);
 }
+
+// What a call wrote must be the expected points in their order.
+template <class Real>
+struct Found {
+  Real xs[2] = {}, ys[2] = {};
+  int counts[3] = {};
+
+  void expect(int count, const std::vector<P>& expected, Exact near, const char* what) {
+    ASSERT_EQ(count, static_cast<int>(expected.size())) << what;
+    for (int k = 0; k < count; ++k) {
+      const P& p = expected[static_cast<std::size_t>(k)];
+      ASSERT_LT(length(P{xs[k], ys[k]} - p), 30 * near) << what;
+    }
+    ++counts[count];
+  }
+};
 
 // One line, circle and arc: the crossings by the quadratic equation, then section, ray and arc each
 // keep what is theirs.
 TYPED_TEST(PredicateProperties, LinesSectionsRaysWithCirclesAndArcs) {
   USE_FAMILY;
-  int found[3] = {};
+  Found<Real> found;
   for (int i = 0; i < 5000; ++i) {
     const P a = this->point(), b = this->point(), c = this->point();
     const Exact r = this->number(0.5, 4), a0 = this->number(0, 6.28), span = this->number(0.1, 6.1);
     const Exact size = length(b - a);
     if (size < 0.3) continue;
     const Exact middle = dot(c - a, b - a) / size, away = std::fabs(cross(c - a, b - a)) / size;
-    if (std::fabs(away - r) < 0.02) continue;
-    struct Crossing {
-      Exact s;  // along the line
-      P p;
-      bool on_section, on_ray, on_arc;
-    };
-    std::vector<Crossing> crossings;
-    bool clear = true;
+    // An arc through zero ends below its start, but a turn later for rays.
+    const Exact a1 = wrapped(a0 + span);
+    bool clear = std::fabs(away - r) >= 0.02 && std::fabs(a1) >= this->kClear;
+    std::vector<P> on_line, on_section, on_ray, section_arc, ray_arc;
     if (away < r) {
       const Exact half = std::sqrt(r * r - away * away);
       for (const Exact s : {middle + half, middle - half}) {
@@ -274,62 +289,38 @@ TYPED_TEST(PredicateProperties, LinesSectionsRaysWithCirclesAndArcs) {
         const Exact depth = depth_in_arc(std::atan2(p.y - c.y, p.x - c.x), a0, span);
         clear = clear && std::fabs(s) > this->kClear && std::fabs(s - size) > this->kClear &&
                 std::fabs(depth) > this->kClear;
-        crossings.push_back({s, p, s > 0 && s<size, s> 0, depth > 0});
+        on_line.push_back(p);
+        if (s > 0) on_ray.push_back(p);
+        if (s > 0 && depth > 0) ray_arc.push_back(p);
+        if (s > 0 && s < size) on_section.push_back(p);
+        if (s > 0 && s < size && depth > 0) section_arc.push_back(p);
       }
     }
     if (!clear) continue;
-    // An arc through zero ends below its start, but a turn later for rays.
-    const Exact beyond = a0 + span, a1 = beyond >= kTwoPi ? beyond - kTwoPi : beyond;
-    if (std::fabs(a1) < this->kClear) continue;
-    const auto expect = [&](int count, const Real* xs, const Real* ys, auto keeps,
-                            const char* what) {
-      std::vector<P> expected;
-      for (const Crossing& crossing : crossings) {
-        if (keeps(crossing)) expected.push_back(crossing.p);
-      }
-      ASSERT_EQ(count, static_cast<int>(expected.size())) << what << " " << i;
-      for (int k = 0; k < count; ++k) {
-        ASSERT_NEAR(xs[k], expected[static_cast<std::size_t>(k)].x, 20 * near) << what << " " << i;
-        ASSERT_NEAR(ys[k], expected[static_cast<std::size_t>(k)].y, 20 * near) << what << " " << i;
-      }
-      ++found[count];
-    };
-    Real xs[2] = {}, ys[2] = {};
-    const auto x1 = R(a.x), y1 = R(a.y), x2 = R(b.x), y2 = R(b.y), cx = R(c.x), cy = R(c.y),
-               radius = R(r);
-    expect(
-        F::GetInterPoint_Line_Circle(cx, cy, radius, x1, y1, x2, y2, xs, ys, tol), xs, ys,
-        [](const Crossing&) { return true; }, "line circle");
-    expect(
-        F::GetInterPoint_Circle_LineSection(cx, cy, radius, x1, y1, x2, y2, &xs[0], &ys[0], &xs[1],
-                                            &ys[1], tol),
-        xs, ys, [](const Crossing& k) { return k.on_section; }, "circle section");
-    expect(
-        F::GetInterPoint_LineSection_Arc(x1, y1, x2, y2, cx, cy, radius, R(a0), R(a1), &xs[0],
-                                         &ys[0], &xs[1], &ys[1], tol),
-        xs, ys, [](const Crossing& k) { return k.on_section && k.on_arc; }, "section arc");
-    expect(
-        F::GetInterPoint_Ray_Cirlce(cx, cy, radius, x1, y1, x2, y2, xs, ys, tol), xs, ys,
-        [](const Crossing& k) { return k.on_ray; }, "ray circle");
-    expect(
-        F::GetInterPoint_Ray_Arc(cx, cy, radius, R(a0), R(beyond), x1, y1, x2, y2, xs, ys, tol), xs,
-        ys, [](const Crossing& k) { return k.on_ray && k.on_arc; }, "ray arc");
-    const bool meets = std::any_of(crossings.begin(), crossings.end(),
-                                   [](const Crossing& k) { return k.on_section && k.on_arc; });
-    EXPECT_TRUE(F::TestCrossRegon_LineSection_Arc(x1, y1, x2, y2, cx, cy, radius, R(a0), R(a1),
-                                                  tol) == meets);
-    const bool on_circle = std::any_of(crossings.begin(), crossings.end(),
-                                       [](const Crossing& k) { return k.on_section; });
-    EXPECT_TRUE(F::TestCross_Circle_LineSection(cx, cy, radius, x1, y1, x2, y2, tol) == on_circle);
-    EXPECT_TRUE(F::TestCrossRegon_Circle_LineSection(cx, cy, radius, x1, y1, x2, y2, tol) ==
-                (distance_to_section(c, a, b) < r));
+    Real *xs = found.xs, *ys = found.ys;
+    found.expect(call(F::GetInterPoint_Line_Circle, c, r, a, b, xs, ys, tol), on_line, near,
+                 "line circle");
+    found.expect(call(F::GetInterPoint_Circle_LineSection, c, r, a, b, xs, ys, xs + 1, ys + 1, tol),
+                 on_section, near, "circle section");
+    found.expect(
+        call(F::GetInterPoint_LineSection_Arc, a, b, c, r, a0, a1, xs, ys, xs + 1, ys + 1, tol),
+        section_arc, near, "section arc");
+    found.expect(call(F::GetInterPoint_Ray_Cirlce, c, r, a, b, xs, ys, tol), on_ray, near,
+                 "ray circle");
+    found.expect(call(F::GetInterPoint_Ray_Arc, c, r, a0, a0 + span, a, b, xs, ys, tol), ray_arc,
+                 near, "ray arc");
+    EXPECT_EQ(call(F::TestCrossRegon_LineSection_Arc, a, b, c, r, a0, a1, tol),
+              !section_arc.empty());
+    EXPECT_EQ(call(F::TestCross_Circle_LineSection, c, r, a, b, tol), !on_section.empty());
+    EXPECT_EQ(call(F::TestCrossRegon_Circle_LineSection, c, r, a, b, tol),
+              distance_to_section(c, a, b) < r);
   }
-  EXPECT_GT(std::min({found[0], found[1], found[2]}), 500);
+  EXPECT_GT(std::min({found.counts[0], found.counts[1], found.counts[2]}), 500);
 }
 
 TYPED_TEST(PredicateProperties, CirclesAndArcs) {
   USE_FAMILY;
-  int found[3] = {};
+  Found<Real> found;
   for (int i = 0; i < 5000; ++i) {
     const P c = this->point(), e = this->point();
     const Exact r = this->number(0.5, 4), q = this->number(0.5, 4), d = length(e - c);
@@ -352,86 +343,61 @@ TYPED_TEST(PredicateProperties, CirclesAndArcs) {
       }
     }
     if (!clear) continue;
-    const auto wrapped = [](Exact a) { return R(a >= kTwoPi ? a - kTwoPi : a); };
-    const Real a1 = wrapped(a0 + a_span), b1 = wrapped(b0 + b_span);
-    Real xs[2] = {}, ys[2] = {};
-    const auto expect = [&](int count, const std::vector<P>& expected) {
-      ASSERT_EQ(count, static_cast<int>(expected.size())) << i;
-      for (std::size_t k = 0; k < expected.size(); ++k) {
-        ASSERT_NEAR(xs[k], expected[k].x, 20 * near) << i;
-        ASSERT_NEAR(ys[k], expected[k].y, 20 * near) << i;
-      }
-      ++found[count];
-    };
-    const auto cx = R(c.x), cy = R(c.y), ex = R(e.x), ey = R(e.y), rr = R(r), qq = R(q);
-    expect(
-        F::GetInterPoint_Circle_Circle(cx, cy, rr, ex, ey, qq, &xs[0], &ys[0], &xs[1], &ys[1], tol),
-        all);
-    expect(F::GetInterPoint_Circle_Arc(cx, cy, rr, ex, ey, qq, R(b0), b1, &xs[0], &ys[0], &xs[1],
-                                       &ys[1], tol),
-           in_second);
-    expect(F::GetInterPoint_Arc_Arc(cx, cy, rr, R(a0), a1, ex, ey, qq, R(b0), b1, &xs[0], &ys[0],
-                                    &xs[1], &ys[1], tol),
-           in_both);
+    const Exact a1 = wrapped(a0 + a_span), b1 = wrapped(b0 + b_span);
+    Real *xs = found.xs, *ys = found.ys;
+    found.expect(call(F::GetInterPoint_Circle_Circle, c, r, e, q, xs, ys, xs + 1, ys + 1, tol), all,
+                 near, "circles");
+    found.expect(call(F::GetInterPoint_Circle_Arc, c, r, e, q, b0, b1, xs, ys, xs + 1, ys + 1, tol),
+                 in_second, near, "circle and arc");
+    found.expect(
+        call(F::GetInterPoint_Arc_Arc, c, r, a0, a1, e, q, b0, b1, xs, ys, xs + 1, ys + 1, tol),
+        in_both, near, "arcs");
     const int meet = !in_both.empty();
-    EXPECT_EQ(F::TestCrossRegon_Arc_Arc(cx, cy, rr, R(a0), a1, ex, ey, qq, R(b0), b1, tol), meet);
-    EXPECT_EQ(F::TestCrossRegon_Arc_Arc(ex, ey, qq, R(b0), b1, cx, cy, rr, R(a0), a1, tol), meet);
-    EXPECT_EQ(F::TestCrossRegon_Circle_Circle(cx, cy, rr, ex, ey, qq, tol), d < r + q);
+    EXPECT_EQ(call(F::TestCrossRegon_Arc_Arc, c, r, a0, a1, e, q, b0, b1, tol), meet);
+    EXPECT_EQ(call(F::TestCrossRegon_Arc_Arc, e, q, b0, b1, c, r, a0, a1, tol), meet);
+    EXPECT_EQ(call(F::TestCrossRegon_Circle_Circle, c, r, e, q, tol), d < r + q);
   }
-  EXPECT_GT(std::min({found[0], found[1], found[2]}), 300);
+  EXPECT_GT(std::min({found.counts[0], found.counts[1], found.counts[2]}), 300);
 }
 
 TYPED_TEST(PredicateProperties, ConvexPolygons) {
   USE_FAMILY;
-  int met[2] = {};
-  const auto check = [&met](int got, int expected, const char* what) {
-    if (expected < 0) return;
-    EXPECT_EQ(got, expected) << what;
-    ++met[expected];
-  };
   for (int i = 0; i < 80; ++i) {
     const auto one = this->polygon(), two = this->polygon();
     const P p = this->point(), a = this->point(), b = this->point(), c = this->point();
     const Exact r = this->number(0.3, 3), a0 = this->number(0, 6.28), span = this->number(0.2, 6);
-    const Exact a1 = a0 + span >= kTwoPi ? a0 + span - kTwoPi : a0 + span;
-    const int n = one.n();
+    const int n = one.n(), m = two.n();
     const Real *xs = one.xs.data(), *ys = one.ys.data();
+    const Real *us = two.xs.data(), *vs = two.ys.data();
     const auto depth = [&](P q) { return one.depth(q); };
-    check(F::TestPointIn_TuPolygon(R(p.x), R(p.y), n, xs, ys, tol), this->clearly({p}, depth),
-          "point");
-    check(F::TestCrossRegon_LineSection_TuPolygon(n, xs, ys, R(a.x), R(a.y), R(b.x), R(b.y), tol),
-          this->clearly(this->samples(a, b), depth), "section");
-    check(F::TestCrossRegon_Circle_TuPolygon(R(c.x), R(c.y), R(r), n, xs, ys, tol),
-          this->clearly({c}, [&](P q) { return one.depth(q) + r; }), "disc");
-    const int other = F::TestCrossRegon_TuPolygon_TuPolygon(two.n(), two.xs.data(), two.ys.data(),
-                                                            n, xs, ys, tol);
-    check(other, this->clearly(this->samples(two), depth), "polygon");
-    EXPECT_EQ(F::TestCrossRegon_TuPolygon_TuPolygon(n, xs, ys, two.n(), two.xs.data(),
-                                                    two.ys.data(), tol),
-              other);
+    this->check(call(F::TestPointIn_TuPolygon, p, n, xs, ys, tol), this->clearly({p}, depth),
+                "point");
+    this->check(call(F::TestCrossRegon_LineSection_TuPolygon, n, xs, ys, a, b, tol),
+                this->clearly(this->samples(a, b), depth), "section");
+    this->check(call(F::TestCrossRegon_Circle_TuPolygon, c, r, n, xs, ys, tol),
+                this->clearly({c}, [&](P q) { return one.depth(q) + r; }), "disc");
+    const int other = call(F::TestCrossRegon_TuPolygon_TuPolygon, m, us, vs, n, xs, ys, tol);
+    this->check(other, this->clearly(this->samples(two), depth), "polygon");
+    EXPECT_EQ(call(F::TestCrossRegon_TuPolygon_TuPolygon, n, xs, ys, m, us, vs, tol), other);
     // An edge that goes in and out of the arc's circle may go unseen, so that only one side is
     // sure.
-    const int arc = this->clearly(this->samples(c, r, a0, span), depth);
-    const int got =
-        F::TestCrossRegon_Arc_TuPolygon(n, xs, ys, R(c.x), R(c.y), R(r), R(a0), R(a1), tol);
-    if (arc == 0) {
-      EXPECT_EQ(got, 0) << "arc";
+    if (this->clearly(this->samples(c, r, a0, span), depth) == 0) {
+      EXPECT_EQ(call(F::TestCrossRegon_Arc_TuPolygon, n, xs, ys, c, r, a0, wrapped(a0 + span), tol),
+                0);
     }
   }
-  EXPECT_GT(std::min(met[0], met[1]), 60);
+  EXPECT_GT(std::min(this->m_seen[0], this->m_seen[1]), 60);
 }
 
 TYPED_TEST(PredicateProperties, PartialAnnuliBySampling) {
   USE_FAMILY;
-  int met[2] = {};
   for (int i = 0; i < 400; ++i) {
     const P c = this->point(), p = this->point(), a = this->point(), b = this->point(),
             e = this->point();
     const Exact middle = this->number(1.5, 4), width = this->number(0.3, 2),
                 a0 = this->number(0, 6.28), span = this->number(0.2, 6);
-    const Exact a1 = a0 + span >= kTwoPi ? a0 + span - kTwoPi : a0 + span;
     const Exact r = this->number(0.3, 2), b0 = this->number(0, 6.28), b_span = this->number(0.2, 6);
-    const Exact b1 = b0 + b_span >= kTwoPi ? b0 + b_span - kTwoPi : b0 + b_span;
+    const Exact a1 = wrapped(a0 + span), b1 = wrapped(b0 + b_span);
     // The widening of an arc doesn't reach through zero.
     if (std::min({a0, a1, b0, b1}) < 0.05L) continue;
     const auto depth = [&](P q) {
@@ -439,28 +405,22 @@ TYPED_TEST(PredicateProperties, PartialAnnuliBySampling) {
       return std::min(width / 2 - std::fabs(d - middle),
                       depth_in_arc(std::atan2(q.y - c.y, q.x - c.x), a0, span) * d);
     };
-    const auto check = [&](int got, int expected, const char* what) {
-      if (expected < 0) return;
-      EXPECT_EQ(got, expected) << what << " " << i;
-      ++met[expected];
-    };
-    const auto cx = R(c.x), cy = R(c.y), rm = R(middle), w = R(width), s0 = R(a0), s1 = R(a1);
-    check(F::TestPointIn_JvBuYuanHuan(R(p.x), R(p.y), cx, cy, rm, w, s0, s1, tol),
-          this->clearly({p}, depth), "point");
-    check(F::TestCrossRegon_LineSection_JvBuYuanHuan(R(a.x), R(a.y), R(b.x), R(b.y), cx, cy, rm, w,
-                                                     s0, s1, tol),
-          this->clearly(this->samples(a, b), depth), "section");
-    check(F::TestCrossRegon_Arc_JvBuYuanHuan(R(e.x), R(e.y), R(r), R(b0), R(b1), cx, cy, rm, w, s0,
-                                             s1, tol),
-          this->clearly(this->samples(e, r, b0, b_span), depth), "arc");
+    this->check(call(F::TestPointIn_JvBuYuanHuan, p, c, middle, width, a0, a1, tol),
+                this->clearly({p}, depth), "point");
+    this->check(
+        call(F::TestCrossRegon_LineSection_JvBuYuanHuan, a, b, c, middle, width, a0, a1, tol),
+        this->clearly(this->samples(a, b), depth), "section");
+    this->check(
+        call(F::TestCrossRegon_Arc_JvBuYuanHuan, e, r, b0, b1, c, middle, width, a0, a1, tol),
+        this->clearly(this->samples(e, r, b0, b_span), depth), "arc");
     const Exact gap = std::fabs(length(p - c) - middle);
-    if (std::fabs(gap) > this->kClear && std::fabs(depth(p)) > this->kClear) {
-      EXPECT_EQ(F::TestPointIn_Arc(R(p.x), R(p.y), cx, cy, rm, s0, s1, tol), 0);
+    if (gap > this->kClear && std::fabs(depth(p)) > this->kClear) {
+      EXPECT_EQ(call(F::TestPointIn_Arc, p, c, middle, a0, a1, tol), 0);
     }
     const P on{c.x + middle * std::cos(a0 + span / 2), c.y + middle * std::sin(a0 + span / 2)};
-    EXPECT_EQ(F::TestPointIn_Arc(R(on.x), R(on.y), cx, cy, rm, s0, s1, tol), 1);
+    EXPECT_EQ(call(F::TestPointIn_Arc, on, c, middle, a0, a1, tol), 1);
   }
-  EXPECT_GT(std::min(met[0], met[1]), 60);
+  EXPECT_GT(std::min(this->m_seen[0], this->m_seen[1]), 60);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "brindle/geometry/quad_tree.h"
+#include "tests/support/expect_numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -14,24 +15,18 @@ TEST(QuadBox, SplitsIntoOverlappingCorners) {
   const CQxQuadBox box(0, 0, 10, 20);
   CQxQuadBox a, b, c, d;
   box.Split(a, b, c, d, 0.5f);
-  const auto expect = [](const CQxQuadBox& got, double x1, double y1, double x2, double y2) {
-    EXPECT_EQ(got.m_left, x1);
-    EXPECT_EQ(got.m_bottom, y1);
-    EXPECT_EQ(got.m_right, x2);
-    EXPECT_EQ(got.m_top, y2);
-  };
-  expect(a, 2.5, 5, 10, 20);
-  expect(b, 0, 5, 7.5, 20);
-  expect(c, 2.5, 0, 10, 15);
-  expect(d, 0, 0, 7.5, 15);
   CQxQuadNode node;
   node.m_box = box;
   EXPECT_FALSE(node.HasChild());
   node.CreateSubNode(0.5f, 1);
-  const CQxQuadBox* in_order[] = {&a, &b, &d, &c};
+  const CQxQuadBox* const in_order[] = {&a, &b, &d, &c};
+  const double sides[][4] = {{2.5, 5, 10, 20}, {0, 5, 7.5, 20}, {0, 0, 7.5, 15}, {2.5, 0, 10, 15}};
   for (int i = 0; i < 4; ++i) {
-    expect(node.m_child[i]->m_box, in_order[i]->m_left, in_order[i]->m_bottom, in_order[i]->m_right,
-           in_order[i]->m_top);
+    const CQxQuadBox* const boxes[] = {in_order[i], &node.m_child[i]->m_box};
+    for (const CQxQuadBox* got : boxes) {
+      expect_equal({got->m_left, got->m_bottom, got->m_right, got->m_top},
+                   {sides[i][0], sides[i][1], sides[i][2], sides[i][3]});
+    }
   }
 }
 
@@ -52,19 +47,15 @@ TEST(QuadBox, InsideIsStrictAndOverlapClosed) {
 
 TEST(QuadTree, StartsEmptyAndInflatesEachAxisByItsOwnSize) {
   CQxQuadTree tree;
-  EXPECT_EQ(tree.m_overlap, 0.2);
-  EXPECT_EQ(tree.m_depth, 10);
-  EXPECT_EQ(tree.m_item_count, -1);
+  expect_equal({tree.m_overlap, tree.m_depth, tree.m_item_count}, {0.2, 10, -1});
   CPtrArray nodes;
   tree.Search(0, 0, 1, 1, nodes);
   EXPECT_TRUE(nodes.IsEmpty());
   int item = 0;
   EXPECT_EQ(tree.Insert(&item, 0, 0, 1, 1), nullptr);
   tree.Create(0, 0, 10, 20, 3, 0.5f);
-  EXPECT_EQ(tree.m_root->m_box.m_left, -5);
-  EXPECT_EQ(tree.m_root->m_box.m_bottom, -10);
-  EXPECT_EQ(tree.m_root->m_box.m_right, 15);
-  EXPECT_EQ(tree.m_root->m_box.m_top, 30);
+  const CQxQuadBox& root = tree.m_root->m_box;
+  expect_equal({root.m_left, root.m_bottom, root.m_right, root.m_top}, {-5, -10, 15, 30});
   tree.Create(0, 0, 10, 20, 3, 0);                     // a new root
   EXPECT_EQ(tree.Insert(&item, 0, 1, 2, 2), nullptr);  // touches from inside
   EXPECT_NE(tree.Insert(&item, 1, 1, 2, 2), nullptr);

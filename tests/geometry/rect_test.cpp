@@ -7,6 +7,7 @@
 #include <numbers>
 
 #include "brindle/geometry/shape.h"
+#include "tests/support/expect_numbers.h"
 
 namespace brindle {
 namespace {
@@ -15,11 +16,8 @@ constexpr float kPi = std::numbers::pi_v<float>;
 static_assert(sizeof(CFRect) == 16);
 
 void expect_rect(const CFRect& r, float left, float bottom, float right, float top,
-                 const char* name = "", float eps = 1e-5f) {
-  EXPECT_NEAR(r.left, left, eps) << name;
-  EXPECT_NEAR(r.bottom, bottom, eps) << name;
-  EXPECT_NEAR(r.right, right, eps) << name;
-  EXPECT_NEAR(r.top, top, eps) << name;
+                 const char* name = "", double eps = 1e-5) {
+  expect_near({r.left, r.bottom, r.right, r.top}, {left, bottom, right, top}, eps, name);
 }
 
 TEST(Rect, PutsCoordinatesInOrderButCopiesAsTheyAre) {
@@ -27,9 +25,7 @@ TEST(Rect, PutsCoordinatesInOrderButCopiesAsTheyAre) {
   expect_rect(r, 2, 1, 3, 5);
   r.left = 10;
   const CFRect copy(r);
-  EXPECT_EQ(copy.left, 10);
-  EXPECT_EQ(copy.Width(), -7);
-  EXPECT_EQ(copy.Area(), 28);
+  expect_equal({copy.left, copy.Width(), copy.Area()}, {10, -7, 28});
 }
 
 TEST(Rect, IsEmptyByOneThinSide) {

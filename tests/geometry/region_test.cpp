@@ -4,16 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <random>
 #include <string>
-#include <vector>
 
 #include "brindle/geometry/rect.h"
-#include "brindle/platform/base/archive.h"
 #include "brindle/platform/base/exception.h"
-#include "brindle/platform/base/file.h"
+#include "tests/support/archive_bytes.h"
+#include "tests/support/expect_numbers.h"
 #include "tests/support/fine_polygon.h"
 
 namespace brindle {
@@ -45,44 +43,31 @@ FinePolygon flattened(const CFRegion& region) {
 
 TEST(Shoot, KeepsItsWords) {
   CFShoot vertex(1, 2, 0.5f);
-  EXPECT_TRUE(vertex.IsArc());
-  EXPECT_FALSE(vertex.IsLine());
-  EXPECT_FALSE(vertex.IsCircle());
+  EXPECT_TRUE(vertex.IsArc() && !vertex.IsLine() && !vertex.IsCircle());
   EXPECT_TRUE(CFShoot(CFPoint(1, 2, 3), -6.2831855f).IsCircle());
-  for (DWORD i = 0; i < 10; ++i) {
-    vertex.first_words[i] = i + 1;
-    vertex.second_words[i] = ~i;
-  }
-  CFRegion region;
-  region.Add(vertex);
-  region.Add(CFShoot());
-  const CFRegion copy(region);
-  EXPECT_EQ(copy[0].first_words[9], 10u);
-  EXPECT_EQ(copy[0].second_words[9], ~9u);
-  EXPECT_EQ(copy[1].second_words[0], 0u);
+  vertex.first_words[9] = 10;
+  vertex.second_words[9] = ~9u;
+  const CFRegion copy(region_of({vertex, CFShoot()}));
+  expect_equal({copy[0].first_words[9], copy[0].second_words[9], copy[1].second_words[0]},
+               {10, ~9u, 0});
 }
 
 TEST(Region, IsMadeFromPointsAndBoxes) {
   const CFPoint points[] = {{1, 2, 9}, {3, 4, 9}, {0, 7, 9}};
   const float xs[] = {1, 3}, ys[] = {2, 4};
   CFRegion region(points, 3);
-  EXPECT_EQ(region.GetSize(), 3);
-  EXPECT_EQ(region[2].y, 7);
-  EXPECT_EQ(region[2].z, 0);
+  expect_equal({region.GetSize(), region[2].y, region[2].z}, {3, 7, 0});
   region.Init(xs, ys, 2);
-  EXPECT_EQ(region.GetSize(), 2);
-  EXPECT_EQ(region[1].x, 3);
+  expect_equal({region.GetSize(), region[1].x}, {2, 3});
   region.Init(xs, ys, -1);
   EXPECT_TRUE(region.IsEmpty());
 
   CFRegion box(CFRect(5, 6, 1, 2));
   const CFPoint corners[] = {{1, 2, 0}, {5, 2, 0}, {5, 6, 0}, {1, 6, 0}};
-  ASSERT_EQ(box.GetSize(), 4);
-  for (int i = 0; i < 4; ++i) EXPECT_EQ(box[i], corners[i]) << i;
   region = box;
   box = *&box;
-  EXPECT_EQ(region.GetSize(), 4);
-  EXPECT_EQ(box.GetSize(), 4);
+  expect_equal({region.GetSize(), box.GetSize()}, {4, 4});
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(box[i], corners[i]) << i;
 }
 
 struct MembershipCase {
@@ -125,7 +110,7 @@ TEST(Region, HoldsPoints) {
   EXPECT_EQ(box.Similar(box, 1), 0);
 }
 
-// Wherever the ray meets no arc twice.
+// In its box, and wherever the ray meets no arc twice.
 TEST(Region, AgreesWithAFineCopy) {
   std::mt19937 random(17);
   std::uniform_real_distribution<float> place(-5, 5), bulge(-2.5f, 2.5f);
@@ -138,6 +123,11 @@ TEST(Region, AgreesWithAFineCopy) {
       region.Add({place(random), place(random), chance(random) ? bulge(random) : 0});
     }
     const FinePolygon fine = flattened(region);
+    CFPoint min, max;
+    region.GetRect(min, max);
+    const FinePolygon::Vertex low = fine.low(), high = fine.high();
+    expect_near({min.x, max.x, min.y, max.y}, {low.x, high.x, low.y, high.y},
+                1e-4 + static_cast<double>(fine.error()));
     for (int i = 0; i < 12; ++i) {
       const CFPoint p(place(random), place(random), 0);
       bool twice = fine.distance(p.x, p.y) < fine.error() + 1e-3L;
@@ -162,28 +152,6 @@ TEST(Region, AgreesWithAFineCopy) {
   }
   EXPECT_GT(inside, 200);
   EXPECT_GT(outside, 200);
-}
-
-TEST(Region, HasABox) {
-  std::mt19937 random(19);
-  std::uniform_real_distribution<float> place(-5, 5), bulge(-2.5f, 2.5f);
-  for (int round = 0; round < 60; ++round) {
-    CFRegion region;
-    for (int i = 0; i < 4; ++i) region.Add({place(random), place(random), bulge(random)});
-    CFPoint min, max;
-    region.GetRect(min, max);
-    long double left = 1e9L, right = -1e9L, bottom = 1e9L, top = -1e9L;
-    const FinePolygon fine = flattened(region);
-    for (const auto& v : fine.vertices()) {
-      left = std::min(left, v.x), right = std::max(right, v.x);
-      bottom = std::min(bottom, v.y), top = std::max(top, v.y);
-    }
-    const double error = 1e-4 + static_cast<double>(fine.error());
-    EXPECT_NEAR(min.x, static_cast<double>(left), error) << round;
-    EXPECT_NEAR(max.x, static_cast<double>(right), error) << round;
-    EXPECT_NEAR(min.y, static_cast<double>(bottom), error) << round;
-    EXPECT_NEAR(max.y, static_cast<double>(top), error) << round;
-  }
 }
 
 TEST(Region, MeetsShapesAndRegions) {
@@ -231,10 +199,8 @@ TEST(Region, MeetsShapesAndRegions) {
 
 TEST(Region, IsSelectedByADraggedWindow) {
   const CFRegion box(CFRect(0, 0, 4, 4));
-  EXPECT_TRUE(box.Contain({-1, -1, 0}, {5, 5, 0}));
-  EXPECT_FALSE(box.Contain({3, 3, 0}, {5, 5, 0}));
-  EXPECT_TRUE(box.Contain({5, 5, 0}, {3, 3, 0}));
-  EXPECT_FALSE(box.Contain({8, 8, 0}, {6, 6, 0}));
+  EXPECT_TRUE(box.Contain({-1, -1, 0}, {5, 5, 0}) && box.Contain({5, 5, 0}, {3, 3, 0}));
+  EXPECT_FALSE(box.Contain({3, 3, 0}, {5, 5, 0}) || box.Contain({8, 8, 0}, {6, 6, 0}));
   EXPECT_FALSE(box.Contain({3, 3, 0}, {1, 1, 0}));  // wholly inside the ring, on no edge
 }
 
@@ -258,35 +224,16 @@ TEST(Region, KnowsItsOrder) {
 }
 
 TEST(Region, GoesThroughAnArchive) {
-  CFRegion region = region_of({{1, -2, 0.5f}});
+  CFRegion region = region_of({{1, -2, 0.5f}}), back(CFRect(0, 0, 1, 1));
   region[0].z = 3;
-  CMemFile file;
-  CArchive out(&file, CArchive::store);
-  region.Serialize(out);
-  out.Close();
-  const unsigned char bytes[] = {1, 0,    0, 0, 0,    0,    0x80, 0x3F, 0, 0,
-                                 0, 0xC0, 0, 0, 0x40, 0x40, 0,    0,    0, 0x3F};
-  ASSERT_EQ(file.GetLength(), sizeof bytes);
-  unsigned char stored[sizeof bytes];
-  file.SeekToBegin();
-  file.Read(stored, sizeof stored);
-  EXPECT_EQ(std::memcmp(stored, bytes, sizeof bytes), 0);
-
-  file.SeekToBegin();
-  CArchive in(&file, CArchive::load);
-  CFRegion back(CFRect(0, 0, 1, 1));
-  back.Serialize(in);
+  const std::string out = stored([&](CArchive& ar) { region.Serialize(ar); });
+  EXPECT_EQ(out, bytes("\1\0\0\0\0\0\x80\x3F\0\0\0\xC0\0\0\x40\x40\0\0\0\x3F"));
+  loaded(out, [&](CArchive& ar) { back.Serialize(ar); });
   ASSERT_EQ(back.GetSize(), 1);
-  EXPECT_EQ(back[0].z, 3);
-  EXPECT_EQ(back[0].c, 0.5f);
-
+  expect_equal({back[0].z, back[0].c}, {3, 0.5});
   // A count that the file can't hold takes no memory and leaves the region alone.
-  CMemFile torn;
-  const unsigned char count[] = {0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0};
-  torn.Write(count, sizeof count);
-  torn.SeekToBegin();
-  CArchive from_torn(&torn, CArchive::load);
-  EXPECT_THROW(back.Serialize(from_torn), CArchiveException);
+  loaded(bytes("\xFF\xFF\xFF\xFF\0\0\0\0"),
+         [&](CArchive& ar) { EXPECT_THROW(back.Serialize(ar), CArchiveException); });
   EXPECT_EQ(back.GetSize(), 1);
 }
 

@@ -1,13 +1,11 @@
 #include "brindle/geometry/shape.h"
+#include "tests/support/archive_bytes.h"
+#include "tests/support/expect_numbers.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <numbers>
-
-#include "brindle/platform/base/archive.h"
-#include "brindle/platform/base/file.h"
 
 namespace brindle {
 namespace {
@@ -16,8 +14,7 @@ constexpr float kPi = std::numbers::pi_v<float>;
 static_assert(sizeof(CFShape) == 24);
 
 void expect_at(const CFPoint& p, float x, float y, const char* what = "") {
-  EXPECT_NEAR(p.x, x, 1e-5) << what;
-  EXPECT_NEAR(p.y, y, 1e-5) << what;
+  expect_near({p.x, p.y}, {x, y}, 1e-5, what);
 }
 
 TEST(Shape, KnowsItsKind) {
@@ -46,8 +43,7 @@ TEST(Shape, RunsTheOtherWayWithANegativeRadius) {
   const CFShape arc(CFPoint(1, 1, 0), -2, 0, kPi / 2);
   expect_at(arc.GetStartPoint(), -1, 1);
   expect_at(arc.GetEndPoint(), 1, -1);
-  EXPECT_NEAR(arc.GetEndAngle(), 1.5 * kPi, 1e-6);
-  EXPECT_NEAR(arc.GetLength(), kPi, 1e-6);
+  expect_near({arc.GetEndAngle(), arc.GetLength()}, {1.5 * kPi, kPi}, 1e-6);
   expect_at(CFShape(CFPoint(1, 1, 0), -2, 0, 2 * kPi).GetMiddlePoint(), 1, 3);
 }
 
@@ -55,10 +51,7 @@ TEST(Shape, JoinsTwoPointsByAHalfAngle) {
   const CFPoint p(1, 2, 9), q(5, 2, 9);
   const CFShape line(p, q), flat(p, q, 0.0f);
   EXPECT_TRUE(flat.IsLine());
-  EXPECT_EQ(line.r, 4);
-  EXPECT_EQ(line.z, 0);
-  EXPECT_EQ(flat.r, line.r);
-  EXPECT_EQ(flat.a, line.a);
+  expect_equal({line.r, line.z, flat.r, flat.a}, {4, 0, 4, line.a});
   for (const float c : {0.3f, kPi / 4, 2.0f, -0.3f, -kPi / 2}) {
     for (const CFPoint& end : {q, CFPoint(-3, 7, 0), CFPoint(1, -2, 0)}) {
       const CFShape arc(p, end, c);
@@ -108,25 +101,11 @@ TEST(Shape, TellsItsLeftSide) {
 }
 
 TEST(Shape, GoesThroughAnArchive) {
-  CMemFile file;
   CFShape arc(CFPoint(1, 2, 0), -3, 0.5f, 0.25f), back;
-  CArchive out(&file, CArchive::store);
-  arc.Serialize(out);
-  out.Close();
-  const unsigned char bytes[] = {0, 0, 0x80, 0x3F, 0, 0, 0, 0x40, 0, 0, 0,    0,
-                                 0, 0, 0x40, 0xC0, 0, 0, 0, 0x3F, 0, 0, 0x80, 0x3E};
-  unsigned char stored[sizeof bytes];
-  ASSERT_EQ(file.GetLength(), sizeof bytes);
-  file.SeekToBegin();
-  file.Read(stored, sizeof stored);
-  EXPECT_EQ(std::memcmp(stored, bytes, sizeof bytes), 0);
-  file.SeekToBegin();
-  CArchive in(&file, CArchive::load);
-  back.Serialize(in);
-  EXPECT_EQ(back.y, 2);
-  EXPECT_EQ(back.r, -3);
-  EXPECT_EQ(back.a, 0.5f);
-  EXPECT_EQ(back.b, 0.25f);
+  const std::string out = stored([&](CArchive& ar) { arc.Serialize(ar); });
+  EXPECT_EQ(out, bytes("\0\0\x80\x3F\0\0\0\x40\0\0\0\0\0\0\x40\xC0\0\0\0\x3F\0\0\x80\x3E"));
+  loaded(out, [&](CArchive& ar) { back.Serialize(ar); });
+  expect_equal({back.y, back.r, back.a, back.b}, {2, -3, 0.5, 0.25});
 }
 
 }  // namespace

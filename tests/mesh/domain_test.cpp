@@ -337,12 +337,8 @@ TEST(DomainMeasures, AgreeWithAFineCopy) {
     }
     float left, bottom, right, top;
     located.Get_OutLook_Domain(n, domain.data(), left, bottom, right, top);
-    long double min_x = 1e9L, max_x = -1e9L, min_y = 1e9L, max_y = -1e9L;
-    for (const auto& v : fine.vertices()) {
-      min_x = std::min(min_x, v.x), max_x = std::max(max_x, v.x);
-      min_y = std::min(min_y, v.y), max_y = std::max(max_y, v.y);
-    }
-    expect_near({left, right, bottom, top}, {min_x, max_x, min_y, max_y}, 1e-4);
+    const FinePolygon::Vertex low = fine.low(), high = fine.high();
+    expect_near({left, right, bottom, top}, {low.x, high.x, low.y, high.y}, 1e-4);
   }
 }
 

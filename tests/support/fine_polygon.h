@@ -95,7 +95,17 @@ class FinePolygon {
     return sum;
   }
 
-  const std::vector<Vertex>& vertices() const { return m_vertices; }
+  // The corners of its box.
+  Vertex low() const {
+    Vertex v = m_vertices.at(0);
+    for (const Vertex& w : m_vertices) v = {std::min(v.x, w.x), std::min(v.y, w.y)};
+    return v;
+  }
+  Vertex high() const {
+    Vertex v = m_vertices.at(0);
+    for (const Vertex& w : m_vertices) v = {std::max(v.x, w.x), std::max(v.y, w.y)};
+    return v;
+  }
   // How far an arc may lie from its segments.
   Real error() const { return m_error; }
 

@@ -2,33 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "brindle/platform/base/exception.h"
-#include "brindle/platform/base/file.h"
 #include "brindle/platform/base/map.h"
 #include "brindle/platform/base/pointer_arrays.h"
 #include "brindle/platform/base/string_list.h"
+#include "tests/support/archive_bytes.h"
 
 namespace brindle {
 namespace {
-
-std::string stored(const std::function<void(CArchive&)>& action, int buffer_size = 4096) {
-  CMemFile file;
-  CArchive archive(&file, CArchive::store, buffer_size);
-  action(archive);
-  archive.Close();
-  return {reinterpret_cast<const char*>(file.GetBufferPtr()),
-          static_cast<std::size_t>(file.GetLength())};
-}
-
-void loaded(std::string bytes, const std::function<void(CArchive&)>& action) {
-  CMemFile file(reinterpret_cast<BYTE*>(bytes.data()), static_cast<UINT>(bytes.size()));
-  CArchive archive(&file, CArchive::load);
-  action(archive);
-}
 
 template <class Action>
 int cause_of(Action action) {
@@ -38,11 +22,6 @@ int cause_of(Action action) {
     return error.m_cause;
   }
   return CArchiveException::none;
-}
-
-template <std::size_t N>
-std::string bytes(const char (&text)[N]) {
-  return {text, N - 1};
 }
 
 TEST(Archive, StoresNumbersLittleEndianInTheirSize) {
@@ -121,16 +100,18 @@ TEST(Archive, PassesAnyMixOfSizesThroughItsBuffer) {
       },
       1);
   ASSERT_EQ(out, expected);
-  std::string block = out;
-  CMemFile file(reinterpret_cast<BYTE*>(block.data()), static_cast<UINT>(block.size()));
-  CArchive archive(&file, CArchive::load, 1);
-  std::string back;
-  for (UINT i = 299; i > 0; --i) {
-    std::string piece(i, '?');
-    ASSERT_EQ(archive.Read(piece.data(), i), i);
-    back += piece;
-  }
-  EXPECT_EQ(back, expected);
+  loaded(
+      out,
+      [&](CArchive& ar) {
+        std::string back;
+        for (UINT i = 299; i > 0; --i) {
+          std::string piece(i, '?');
+          ASSERT_EQ(ar.Read(piece.data(), i), i);
+          back += piece;
+        }
+        EXPECT_EQ(back, expected);
+      },
+      1);
 }
 
 TEST(Archive, RefusesTheWrongDirection) {
