@@ -17,11 +17,10 @@ TEST(Document, WithoutTablesNothingCanBeAddedOrWritten) {
   EXPECT_EQ(dxf.Write_Line(0, 0, 0, 1, 1, 0, 1, L"0", L"7", L"BYLAYER"), nullptr);
   EXPECT_EQ(dxf.Add_Layer(L"A", 1, L"CONTINUOUS"), nullptr);
   EXPECT_EQ(dxf.Add_LType(L"A", L"", 0, 0, nullptr, 1), nullptr);
-  EXPECT_EQ(dxf.Write_MemDxf_To_File(L"/dev/null", 1), 0);
-  EXPECT_EQ(dxf.Write_MemDxf_To_File2000(L"/dev/null"), 0);
-  EXPECT_EQ(dxf.Write_Tables(), 0);
-  EXPECT_EQ(dxf.GetFRect().Width(), 0);
-  EXPECT_EQ(dxf.Get_Max_Point().GetX(), 0);
+  expect_equal(
+      {dxf.Write_MemDxf_To_File(L"/dev/null", 1), dxf.Write_MemDxf_To_File2000(L"/dev/null"),
+       dxf.Write_Tables(), dxf.GetFRect().Width(), dxf.Get_Max_Point().GetX()},
+      {0, 0, 0, 0, 0});
 }
 
 TEST(Document, CapacitiesAreFixedByTheFirstNew) {
@@ -34,11 +33,9 @@ TEST(Document, CapacitiesAreFixedByTheFirstNew) {
   EXPECT_EQ(dxf.Set_MaxNum_of_Tables(2, 3, 4, 5), 1);
   EXPECT_EQ(take(user), Messages());
   dxf.New_MemDxf();
-  EXPECT_NE(dxf.Add_Layer(L"A", 1, L"CONTINUOUS"), nullptr);
-  EXPECT_NE(dxf.Add_Layer(L"B", 1, L"CONTINUOUS"), nullptr);
-  EXPECT_EQ(dxf.Add_Layer(L"C", 1, L"CONTINUOUS"), nullptr);
-  EXPECT_EQ(dxf.m_nNumLayer, 3);
-  dxf.Clear();  // keeps the state
+  for (const wchar_t* name : {L"A", L"B", L"C"}) dxf.Add_Layer(name, 1, L"CONTINUOUS");
+  EXPECT_EQ(dxf.m_nNumLayer, 3);  // with "0"
+  dxf.Clear();                    // keeps the state
   EXPECT_EQ(dxf.Set_MaxNum_of_Tables(9, 9, 9, 9), 0);
   EXPECT_EQ(take(user), Messages{L"301 Please Change Max_Tables Before Open DXF File !"});
   EXPECT_EQ(dxf.m_nMaxLType, 2);
@@ -162,10 +159,10 @@ TEST(Document, ColoursAndLineTypeScales) {
                {L"-16711680", L"0", L"BYLAYER", -16711680, 4}};
   for (const auto& c : cases) {
     const ACAD_LINE* line = dxf.Write_Line(0, 0, 0, 1, 1, 1, 4, c.layer, c.colour, c.ltype);
-    EXPECT_EQ(line->m_nColor, c.index);
-    EXPECT_EQ(line->m_dLtScale, c.line_scale);
     const ACAD_CIRCLE* circle = dxf.Write_Circle(0, 0, 0, 1, 4, c.layer, c.colour, c.ltype);
-    EXPECT_EQ(circle->m_dLtScale, 4);  // only lines multiply theirs
+    // Only lines multiply theirs.
+    expect_equal({line->m_nColor, line->m_dLtScale, circle->m_dLtScale},
+                 {c.index, c.line_scale, 4});
   }
 }
 
@@ -183,8 +180,7 @@ TEST(Document, TextTakesHeightAndWidthFromItsStyle) {
     const ACAD_TEXT* text =
         dxf.Write_Text(1, 2, 3, c.asked, 30, L"梁", c.style, L"0", L"1", L"BYLAYER");
     ASSERT_NE(text, nullptr);
-    EXPECT_EQ(text->m_dHeight, c.height) << c.asked;
-    EXPECT_EQ(text->m_dWidthFactor, c.width);
+    expect_equal({text->m_dHeight, text->m_dWidthFactor}, {c.height, c.width});
     EXPECT_EQ(text->m_szStyle, c.style);
   }
 }
@@ -207,18 +203,15 @@ TEST(Document, ViewsOfTheWhole) {
   dxf.New_MemDxf();
   EXPECT_EQ(dxf.GetFRect().Width(), 0);
   dxf.Write_Circle(1000, 2000, 0, 50, 1, L"0", L"1", L"BYLAYER");
-  const CFRect circle = dxf.GetFRect();  // isn't pulled to the origin
-  EXPECT_EQ(circle.left, 950);
-  EXPECT_EQ(circle.bottom, 1950);
-  EXPECT_EQ(dxf.Get_Max_Point().GetX(), -1.0e10f);  // has no part in the extreme points
-  EXPECT_EQ(dxf.Get_Min_Point().GetY(), 1.0e10f);
+  expect_equal({dxf.GetFRect().left, dxf.GetFRect().bottom}, {950, 1950});  // not to the origin
+  // It has no part in the extreme points.
+  expect_equal({dxf.Get_Max_Point().GetX(), dxf.Get_Min_Point().GetY()}, {-1.0e10f, 1.0e10f});
   dxf.Write_Line(1200, 2000, 7, 1100, 2500, -3, 1, L"0", L"1", L"BYLAYER");
   dxf.Write_Point(5000, 5000, 0, L"0");
   const CFPoint high = dxf.Get_Max_Point(), low = dxf.Get_Min_Point();
-  EXPECT_TRUE(high.GetX() == 1200 && high.GetY() == 2500 && high.GetZ() == 7);
-  EXPECT_TRUE(low.GetX() == 1100 && low.GetY() == 2000 && low.GetZ() == -3);
-  EXPECT_EQ(dxf.GetFRect().left, 950);
-  EXPECT_EQ(dxf.GetFRect().right, 5010);
+  expect_equal({high.GetX(), high.GetY(), high.GetZ()}, {1200, 2500, 7});
+  expect_equal({low.GetX(), low.GetY(), low.GetZ()}, {1100, 2000, -3});
+  expect_equal({dxf.GetFRect().left, dxf.GetFRect().right}, {950, 5010});
 }
 
 }  // namespace

@@ -3,12 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "brindle/dxf/dxf.h"
 #include "brindle/platform/base/stream.h"
+#include "tests/support/expect_numbers.h"
 #include "tests/support/recorded_messages.h"
 #include "tests/support/temporary_folder.h"
 
@@ -63,6 +65,19 @@ std::vector<Entity*> all_of(const CPtrList& list) {
     if (entity != nullptr) entities.push_back(entity);
   }
   return entities;
+}
+
+inline void expect_box(const CFRect& box, double left, double bottom, double right, double top) {
+  expect_near({box.left, box.bottom, box.right, box.top}, {left, bottom, right, top}, 1e-4);
+}
+
+// "left,bottom,right,top" in whole units.
+inline std::string box_of(const CFRect& box) {
+  std::string text;
+  for (float side : {box.left, box.bottom, box.right, box.top}) {
+    text += (text.empty() ? "" : ",") + std::to_string(std::lround(side));
+  }
+  return text;
 }
 
 // The smallest tables that a drawing file can have.

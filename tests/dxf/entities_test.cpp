@@ -14,13 +14,6 @@ using namespace Varnholt;
 
 constexpr double kPi = 3.14159265358979323846;
 
-void expect_box(const CFRect& box, double left, double bottom, double right, double top) {
-  EXPECT_NEAR(box.left, left, 1e-4);
-  EXPECT_NEAR(box.bottom, bottom, 1e-4);
-  EXPECT_NEAR(box.right, right, 1e-4);
-  EXPECT_NEAR(box.top, top, 1e-4);
-}
-
 TEST(Entities, Boxes) {
   ACAD_POINT point;
   point.x = 100, point.y = -50;
@@ -91,12 +84,10 @@ TEST(Entities, TextBoxesAndAlignment) {
     float dx = 0, dy = 0;
     text->m_dAngle = 0;
     text->GetDxDy(40, dx, dy);
-    EXPECT_EQ(dx, c.dx) << c.v << c.h;
-    EXPECT_EQ(dy, c.dy) << c.v << c.h;
+    expect_equal({dx, dy}, {c.dx, c.dy});
     text->m_dAngle = 90;
     text->GetDxDy(40, dx, dy);
-    EXPECT_NEAR(dx, -c.dy, 1e-4) << c.v << c.h;
-    EXPECT_NEAR(dy, c.dx, 1e-4) << c.v << c.h;
+    expect_near({dx, dy}, {-c.dy, c.dx}, 1e-4);
   }
 }
 
@@ -120,18 +111,13 @@ TYPED_TEST(Transforms, TurnThenScaleThenShift) {
   ACAD_LINE line;
   line.x1 = 1, line.y1 = 10, line.z1 = 5, line.m_dLtScale = 1.5;
   EXPECT_EQ(line.Transfer(rot.data(), move, scale), 1);
-  EXPECT_NEAR(line.x1, 100 - 20, 1e-5);
-  EXPECT_NEAR(line.y1, 200 + 3, 1e-5);
-  EXPECT_NEAR(line.z1, 300 + 20, 1e-5);
-  EXPECT_NEAR(line.x2, 100 - 2, 1e-5);
-  EXPECT_EQ(line.m_dLtScale, 3);  // sizes go by scale[0]
+  // Sizes go by scale[0].
+  expect_near({line.x1, line.y1, line.z1, line.x2, line.m_dLtScale},
+              {100 - 20, 200 + 3, 300 + 20, 100 - 2, 3}, 1e-5);
   ACAD_TEXT text;
   text.m_dHeight = 3, text.x2 = 1, text.m_dWidthFactor = 0.7;
   text.Transfer(nullptr, move, scale);
-  EXPECT_EQ(text.m_dHeight, 6);
-  EXPECT_EQ(text.x, 100);
-  EXPECT_EQ(text.x2, 102);
-  EXPECT_EQ(text.m_dWidthFactor, 0.7);
+  expect_equal({text.m_dHeight, text.x, text.x2, text.m_dWidthFactor}, {6, 100, 102, 0.7});
   text.Transfer(static_cast<TypeParam*>(nullptr), nullptr, nullptr);
   EXPECT_EQ(text.x2, 102);
 }
@@ -158,27 +144,21 @@ TYPED_TEST(Transforms, AnglesTurnAndFold) {
   ACAD_ARC arc;
   arc.y = 5, arc.m_dStartAngle = 10, arc.m_dEndAngle = 400;
   arc.Transfer(mirror, static_cast<TypeParam*>(nullptr), nullptr);
-  EXPECT_EQ(arc.y, -5);
-  EXPECT_EQ(arc.m_dStartAngle, 10);  // a mirror leaves angles
-  EXPECT_EQ(arc.m_dEndAngle, 400);
+  expect_equal({arc.y, arc.m_dStartAngle, arc.m_dEndAngle}, {-5, 10, 400});  // angles stay
 }
 
 TEST(ExtendedRecord, PacksFields) {
   ACAD_POINT point;
   point.SetXData2(1, 1, 1);
   point.SetXData3(1, 1, 1, 1);
-  EXPECT_EQ(point.m_nXData2, 1u << 26 | 1u << 19 | 1u << 9);
-  EXPECT_EQ(point.m_nXData3, 1u << 25 | 1u << 21 | 1u << 6 | 1u);
+  expect_equal({point.m_nXData2, point.m_nXData3},
+               {1u << 26 | 1u << 19 | 1u << 9, 1u << 25 | 1u << 21 | 1u << 6 | 1u});
   // Excess high bits are dropped, and reach no neighbour.
   point.SetXData2(64 + 5, 128 + 6, 1024 + 7);
   point.SetXData3(128 + 1, 16 + 2, 32768 + 3, 64 + 4);
-  EXPECT_EQ(point.GetGJType(), 5u);
-  EXPECT_EQ(point.GetXTType(), 6u);
-  EXPECT_EQ(point.GetXTIndex(), 7u);
-  EXPECT_EQ(point.GetTSType1(), 1u);
-  EXPECT_EQ(point.GetTSType2(), 2u);
-  EXPECT_EQ(point.GetTSIndex(), 3u);
-  EXPECT_EQ(point.GetTYIndex(), 4u);
+  expect_equal({point.GetGJType(), point.GetXTType(), point.GetXTIndex(), point.GetTSType1(),
+                point.GetTSType2(), point.GetTSIndex(), point.GetTYIndex()},
+               {5, 6, 7, 1, 2, 3, 4});
 }
 
 TEST(ExtendedRecord, GoesThroughAFile) {
@@ -199,9 +179,8 @@ TEST(ExtendedRecord, GoesThroughAFile) {
       std::rewind(stream);
       ACAD_POINT read;
       EXPECT_EQ(read.Read(stream), 1);
-      EXPECT_EQ(read.m_nXData1, c.read[0]);
-      EXPECT_EQ(read.m_nXData2, c.read[1]);
-      EXPECT_EQ(read.m_nXData3, c.read[2]);
+      expect_equal({read.m_nXData1, read.m_nXData2, read.m_nXData3},
+                   {c.read[0], c.read[1], c.read[2]});
       // The stream stands before the next pair.
       wchar_t line[20] = L"";
       EXPECT_STREQ(brindle::fgetws(line, 20, stream), L"  0\n");

@@ -79,8 +79,8 @@ TEST(Hatches, FileForms) {
   EXPECT_EQ(hatch.patLines(), 1);
   // The way to the next line stands in the drawing's axes in a file, along the lines in the model.
   ASSERT_EQ(families_of(hatch).size(), 1u);
-  EXPECT_NEAR(families_of(hatch)[0]->m_dOffsetX, 4, 1e-12);
-  EXPECT_NEAR(families_of(hatch)[0]->m_dOffsetY, 3, 1e-12);
+  expect_near({families_of(hatch)[0]->m_dOffsetX, families_of(hatch)[0]->m_dOffsetY}, {4, 3},
+              1e-12);
   const TemporaryFolder folder;
   for (bool modern : {false, true}) {
     ACAD_HATCH copy(hatch);
@@ -107,60 +107,33 @@ TEST(Hatches, DamagedRecords) {
     const char* name;
     std::string record;
     INT_PTR paths, families, seeds;
-    std::array<float, 4> box;
+    const char* box;
   } cases[] = {
-      {"huge counts",
-       " 91\n2000000000\n 92\n3\n 93\n2000000000\n 10\n1\n 20\n2\n 78\n-5\n 98\n9\n",
-       1,
-       0,
-       0,
-       {1, 2, 1, 2}},
-      {"tail first",
-       " 75\n1\n 76\n1\n 52\n45\n 70\n1\n" + path + "  2\nX\n 91\n1\n",
-       1,
-       0,
-       0,
-       {0, 0, 4, 3}},
-      {"seeds first", " 98\n2\n 10\n1\n 20\n2\n 10\n3\n 20\n4\n" + path, 1, 0, 2, {0, 0, 4, 3}},
-      {"no path", " 93\n3\n 72\n1\n 10\n5\n 20\n5\n", 0, 0, 0, {0, 0, 0, 0}},
+      {"huge counts", " 91\n2000000000\n 92\n3\n 93\n2000000000\n 10\n1\n 20\n2\n 78\n-5\n 98\n9\n",
+       1, 0, 0, "1,2,1,2"},
+      {"tail first", " 75\n1\n 76\n1\n 52\n45\n 70\n1\n" + path + "  2\nX\n 91\n1\n", 1, 0, 0,
+       "0,0,4,3"},
+      {"seeds first", " 98\n2\n 10\n1\n 20\n2\n 10\n3\n 20\n4\n" + path, 1, 0, 2, "0,0,4,3"},
+      {"no path", " 93\n3\n 72\n1\n 10\n5\n 20\n5\n", 0, 0, 0, "0,0,0,0"},
       {"unknown edge",
-       " 92\n1\n 93\n2\n 72\n9\n 10\n7\n 20\n7\n 72\n1\n 10\n1\n 20\n1\n 11\n2\n 21\n3\n",
-       1,
-       0,
-       0,
-       {1, 1, 2, 3}},
-      {"spline without knots",
-       " 92\n1\n 72\n4\n 94\n2000000000\n 10\n1\n 20\n2\n 10\n3\n 20\n5\n",
-       1,
-       0,
-       0,
-       {1, 2, 3, 5}},
-      {"no numbers",
-       " 92\n1\n 72\n2\n 10\nnan\n 20\n1\n 40\ninf\n 50\n1e400\n 53\nnan\n 49\n1\n",
-       1,
-       1,
-       0,
-       {0, 0, 0, 0}},
-      {"dashes alone",
-       " 49\n1\n 46\n2\n 53\n0\n 45\n1\n 49\n3\n" + path + " 49\n5\n",
-       1,
-       1,
-       0,
-       {0, 0, 4, 3}},
+       " 92\n1\n 93\n2\n 72\n9\n 10\n7\n 20\n7\n 72\n1\n 10\n1\n 20\n1\n 11\n2\n 21\n3\n", 1, 0, 0,
+       "1,1,2,3"},
+      {"spline without knots", " 92\n1\n 72\n4\n 94\n2000000000\n 10\n1\n 20\n2\n 10\n3\n 20\n5\n",
+       1, 0, 0, "1,2,3,5"},
+      {"no numbers", " 92\n1\n 72\n2\n 10\nnan\n 20\n1\n 40\ninf\n 50\n1e400\n 53\nnan\n 49\n1\n",
+       1, 1, 0, "0,0,0,0"},
+      {"dashes alone", " 49\n1\n 46\n2\n 53\n0\n 45\n1\n 49\n3\n" + path + " 49\n5\n", 1, 1, 0,
+       "0,0,4,3"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     ReadDrawing read(kTables + entities("  0\nHATCH\n" + c.record + kLine));
     ASSERT_EQ(read.entities().size(), 2u);
     ACAD_HATCH& hatch = *read.entities<ACAD_HATCH>().at(0);
-    EXPECT_EQ(hatch.m_Boundaries.GetCount(), c.paths);
-    EXPECT_EQ(hatch.m_Patterns.GetCount(), c.families);
-    EXPECT_EQ(hatch.m_SeedX.GetSize(), c.seeds);
-    const CFRect box = hatch.GetFRect();
-    EXPECT_EQ((std::array{box.left, box.bottom, box.right, box.top}), c.box);
-    DrawingScene scene;
-    hatch.m_pDxf = &scene.dxf;
-    scene.drawn(hatch);
+    expect_equal(
+        {hatch.m_Boundaries.GetCount(), hatch.m_Patterns.GetCount(), hatch.m_SeedX.GetSize()},
+        {c.paths, c.families, c.seeds});
+    EXPECT_EQ(box_of(hatch.GetFRect()), c.box);
   }
 }
 
@@ -256,21 +229,16 @@ TEST(Hatches, PatternFiles) {
     EXPECT_EQ(found || !definition.lines.empty(), found);
     return found ? static_cast<int>(definition.lines.size()) : -1;
   };
-  EXPECT_EQ(lines(L"A"), 2);
-  EXPECT_EQ(lines(L"AB"), 1);
-  EXPECT_EQ(lines(L"a"), -1);
-  EXPECT_EQ(lines(L"HIDDEN"), -1);
-  EXPECT_EQ(lines(L"EMPTY"), 0);
-  EXPECT_EQ(lines(L"LONG"), 1);
-  EXPECT_EQ(lines(L"LAST"), 1);
+  expect_equal({lines(L"A"), lines(L"AB"), lines(L"a"), lines(L"HIDDEN"), lines(L"EMPTY"),
+                lines(L"LONG"), lines(L"LAST")},
+               {2, 1, -1, -1, 0, 1, 1});
   DXF dxf;
   dxf.New_MemDxf();
   const auto families = families_of(*add(dxf, 10, path.c_str(), L"A", false, 2, 90));
   ASSERT_EQ(families.size(), 2u);
-  EXPECT_EQ(families[0]->m_dAngle, 135);
-  EXPECT_NEAR(families[0]->m_dBaseX, -4, 1e-12);
-  EXPECT_NEAR(families[0]->m_dBaseY, 2, 1e-12);
-  EXPECT_EQ(families[0]->m_dOffsetX, 6);
+  const HATCH_PATTERN_DATA& first = *families[0];
+  expect_near({first.m_dAngle, first.m_dBaseX, first.m_dBaseY, first.m_dOffsetX}, {135, -4, 2, 6},
+              1e-12);
   EXPECT_EQ(families[0]->m_Dashes, (std::vector<double>{10, -12}));
   RecordedMessages user;
   EXPECT_NE(add(dxf, 10, path.c_str(), L"GONE", false), nullptr);
@@ -391,10 +359,11 @@ TEST(Hatches, StylesAndClips) {
   EXPECT_EQ(scene.device.calls()[0].clip->box(), CRect(0, 90, 25, 150));
   // Picking by the paths.
   const double above = kPi / 2;
-  EXPECT_EQ(hatch.HitTest(CFRect(-1, -1, 61, 61), 1, 0, above), 1);
-  EXPECT_EQ(hatch.HitTest(CFRect(-1, -1, 50, 61), 1, 0, above), 0);
-  EXPECT_EQ(hatch.HitTest(CFRect(2, 2, 3, 3), 0, 0, above), 1);
-  EXPECT_EQ(hatch.HitTest(CFRect(61, 0, 70, 9), 0, 0, above), 0);
+  expect_equal({hatch.HitTest(CFRect(-1, -1, 61, 61), 1, 0, above),
+                hatch.HitTest(CFRect(-1, -1, 50, 61), 1, 0, above),
+                hatch.HitTest(CFRect(2, 2, 3, 3), 0, 0, above),
+                hatch.HitTest(CFRect(61, 0, 70, 9), 0, 0, above)},
+               {1, 0, 1, 0});
 }
 
 TEST(Hatches, OwnPatternsAreThereAndDraw) {

@@ -18,13 +18,6 @@ using namespace Varnholt;
 constexpr std::uint32_t kBlack = 0xff000000, kRed = 0xffff0000, kGreen = 0xff00ff00,
                         kBlue = 0xff0000ff;
 
-std::string box_of(CFRect box) {
-  const float sides[] = {box.left, box.bottom, box.right, box.top};
-  std::string text;
-  for (float side : sides) text += (text.empty() ? "" : ",") + std::to_string(std::lround(side));
-  return text;
-}
-
 // A letter for each pixel.
 std::string shown(const RasterBitmap& picture) {
   std::string text;

@@ -35,13 +35,6 @@ ACAD_INSERT insert_of(const wchar_t* block, double x = 0, double y = 0, double s
   insert.m_dAngle = angle;
   return insert;
 }
-std::string box_of(CFRect box) {
-  const float sides[] = {box.left, box.bottom, box.right, box.top};
-  std::string text;
-  for (float side : sides) text += (text.empty() ? "" : ",") + std::to_string(std::lround(side));
-  return text;
-}
-
 TEST(Insert, PictureBoxAndPicking) {
   DrawingScene scene;
   ACAD_BLOCK* inner = add_block(scene.dxf, L"IN");
@@ -101,11 +94,8 @@ TEST(Insert, Transfer) {
   float move[3], rot[9], scale[9];
   insert_of(L"", 1, 2, 5, 7, 30).SetTransferCondition(move, rot, scale);
   EXPECT_EQ(insert.Transfer(rot, move, scale), 1);
-  EXPECT_NEAR(insert.x, 10 * std::sqrt(3) / 2 * 5 + 1, 1e-5);
-  EXPECT_NEAR(insert.y, 5 * 7 + 2, 1e-5);
-  EXPECT_NEAR(insert.m_dAngle, 20, 1e-4);
-  EXPECT_EQ(insert.m_dScaleX, 10);
-  EXPECT_EQ(insert.m_dScaleY, 21);
+  expect_near({insert.x, insert.y, insert.m_dAngle, insert.m_dScaleX, insert.m_dScaleY},
+              {10 * std::sqrt(3) / 2 * 5 + 1, 5 * 7 + 2, 20, 10, 21}, 1e-5);
 }
 
 // A drawing of `levels` blocks, each a line and `copies` inserts of the next; with `ring` the last

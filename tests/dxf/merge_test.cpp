@@ -83,10 +83,8 @@ TEST_F(Merge, EntitiesInOrderWithTheirTransform) {
       EXPECT_EQ(entity->m_nID, 5);
     }
     const auto& arc = dynamic_cast<ACAD_ARC&>(*all[1]);
-    EXPECT_NEAR(arc.x, c.x, 1e-5);
-    EXPECT_NEAR(arc.y, c.y, 1e-5);
-    EXPECT_NEAR(arc.m_dRadius, c.radius, 1e-9);
-    EXPECT_NEAR(arc.m_dStartAngle, c.start, 1e-4);
+    expect_near({arc.x, arc.y, arc.m_dRadius, arc.m_dStartAngle}, {c.x, c.y, c.radius, c.start},
+                2e-5);
     EXPECT_EQ(dynamic_cast<ACAD_LINE&>(*all[0]).z2, 7);
   }
   EXPECT_EQ(from.m_Entities.GetCount(), 5);

@@ -131,7 +131,6 @@ TEST(Polylines, WritePline) {
 // positive bulge, half the chord times the bulge away.
 TEST(Polylines, ArcsKeepTheirSide) {
   const double c = std::cos(0.7), s = std::sin(0.7);
-  const double kUnit[] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
   const struct {
     const char* name;
     double rot[9], scale[9];
@@ -161,26 +160,23 @@ TEST(Polylines, ArcsKeepTheirSide) {
       auto [x, y] = top(line);
       double z = 0;
       ACAD_ENTITY::TransOne(x, y, z, test.rot, move, test.scale);
-      double wide[3][9], *steps[3] = {wide[0], wide[1], wide[2]};
-      float small[3][9], *small_steps[3] = {small[0], small[1], small[2]};
+      double wide[3][9];
+      float small[3][9];
       for (int i = 0; i < 9; ++i) {
         const double values[] = {test.rot[i], i < 3 ? move[i] : 0, test.scale[i]};
-        for (int k = 0; k < 3; ++k) wide[k][i] = values[k];
-        for (int k = 0; k < 3; ++k) small[k][i] = static_cast<float>(values[k]);
+        for (int k = 0; k < 3; ++k) small[k][i] = static_cast<float>(wide[k][i] = values[k]);
       }
-      EXPECT_EQ(narrow ? line.Transfer(small_steps[0], small_steps[1], small_steps[2])
-                       : line.Transfer(steps[0], steps[1], steps[2]),
+      EXPECT_EQ(narrow ? line.Transfer(small[0], small[1], small[2])
+                       : line.Transfer(wide[0], wide[1], wide[2]),
                 1);
-      EXPECT_NEAR(top(line)[0], x, 1e-5);
-      EXPECT_NEAR(top(line)[1], y, 1e-5);
-      EXPECT_EQ(p->m_dStartWidth, std::fabs(test.scale[0]));
+      expect_near({top(line)[0], top(line)[1], p->m_dStartWidth}, {x, y, std::fabs(test.scale[0])},
+                  1e-5);
     }
   }
   ACAD_POLYLINE line;
   line.add_vertex()->m_dBulge = 2;
-  double turn[9];
-  std::copy_n(kUnit, 9, turn);
-  line.Transfer(turn, static_cast<double*>(nullptr), static_cast<double*>(nullptr));
+  double unit[] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
+  line.Transfer(unit, static_cast<double*>(nullptr), static_cast<double*>(nullptr));
   EXPECT_EQ(vertices_of(line)[0]->m_dBulge, 2);
 }
 
@@ -189,23 +185,17 @@ TEST(Polylines, BoxesAndFilter) {
   dxf.New_MemDxf();
   const auto box = [&](int flags, const std::vector<std::array<double, 3>>& points,
                        double width = 0) {
-    const CFRect r = add(dxf, flags, points, width, width)->GetFRect();
-    // Chords and circles meet within rounding.
-    return std::array{std::round(r.left * 1e4f) / 1e4f + 0.0f,
-                      std::round(r.bottom * 1e4f) / 1e4f + 0.0f, r.right,
-                      std::round(r.top * 1e4f) / 1e4f + 0.0f};
+    return add(dxf, flags, points, width, width)->GetFRect();
   };
-  using Box = std::array<float, 4>;
-  EXPECT_EQ(box(0, {{1, 2, 0}, {5, 4, 0}}), (Box{1, 2, 5, 4}));
-  EXPECT_EQ(box(0, {{0, 0, 0}, {10, 0, 0}}, 2), (Box{0, -1, 10, 1}));
-  EXPECT_EQ(box(0, {{0, 0, 1}, {10, 0, 0}}), (Box{0, -5, 10, 0}));
-  EXPECT_EQ(box(0, {{0, 0, -1}, {10, 0, 0}}), (Box{0, 0, 10, 5}));
-  EXPECT_EQ(box(0, {{3, 4, 0}}), (Box{0, 0, 0, 0}));
-  EXPECT_EQ(box(2, {{1, 2, 0}, {5, 4, 0}}), (Box{0, 0, 0, 0}));  // no fitted vertex
+  expect_box(box(0, {{1, 2, 0}, {5, 4, 0}}), 1, 2, 5, 4);
+  expect_box(box(0, {{0, 0, 0}, {10, 0, 0}}, 2), 0, -1, 10, 1);
+  expect_box(box(0, {{0, 0, 1}, {10, 0, 0}}), 0, -5, 10, 0);
+  expect_box(box(0, {{0, 0, -1}, {10, 0, 0}}), 0, 0, 10, 5);
+  expect_box(box(0, {{3, 4, 0}}), 0, 0, 0, 0);
+  expect_box(box(2, {{1, 2, 0}, {5, 4, 0}}), 0, 0, 0, 0);  // no fitted vertex
   ACAD_POLYLINE& spline = *add(dxf, 4, {{0, 9, 0}, {1, 1, 0}, {2, 2, 0}, {3, 9, 0}});
   vertices_of(spline)[1]->m_nFlags = vertices_of(spline)[2]->m_nFlags = 8;
-  const CFRect r = spline.GetFRect();
-  EXPECT_EQ((Box{r.left, r.bottom, r.right, r.top}), (Box{1, 1, 2, 2}));
+  expect_box(spline.GetFRect(), 1, 1, 2, 2);
 }
 
 TEST(Polylines, Pictures) {
@@ -268,9 +258,7 @@ TEST(Polylines, Pictures) {
     for (int y = 0; y < 100; ++y) height += band.contains(CPoint(x, y));
     return height;
   };
-  EXPECT_NEAR(height_at(0), 20, 1);
-  EXPECT_NEAR(height_at(20), 15, 1);
-  EXPECT_NEAR(height_at(39), 10, 1);
+  expect_near({height_at(0), height_at(20), height_at(39)}, {20, 15, 10}, 1);
 }
 
 TEST(Polylines, Picking) {

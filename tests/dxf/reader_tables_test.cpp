@@ -86,27 +86,23 @@ TEST(TableReader, Records) {
   EXPECT_EQ(read.told(), Texts());
   const DXF& dxf = read.dxf;
   ASSERT_EQ(dxf.m_nNumLType, 5);
-  EXPECT_EQ(dxf.m_pLType[0].m_szName, L"CONTINUOUS");
-  EXPECT_EQ(dxf.m_pLType[1].m_szName, L"CONTINUOUS");
-  EXPECT_EQ(dxf.m_pLType[2].m_szName, L"BYLAYER");
-  EXPECT_EQ(dxf.m_pLType[2].m_nAlign, 66);
-  EXPECT_EQ(dxf.m_pLType[3].m_szName, L"点");
-  EXPECT_EQ(dxf.m_pLType[3].m_dPatternLength, 1.5);
-  EXPECT_EQ(dxf.m_pLType[3].m_dDash[1], -0.5);
-  EXPECT_EQ(dxf.m_pLType[4].m_nDashCount, 100);
-  EXPECT_EQ(dxf.m_pLType[4].m_dDash[99], 99);
-  EXPECT_EQ(dxf.m_pLayer[0].m_nFlags, 69);
-  EXPECT_EQ(dxf.m_pLayer[0].m_nColor, -7);
+  const ACAD_LTYPE* const ltypes = dxf.m_pLType;
+  const wchar_t* const names[] = {L"CONTINUOUS", L"CONTINUOUS", L"BYLAYER", L"点", L"WILD"};
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(ltypes[i].m_szName, names[i]);
+  expect_equal({ltypes[2].m_nAlign, ltypes[3].m_dPatternLength, ltypes[3].m_dDash[1],
+                ltypes[4].m_nDashCount, ltypes[4].m_dDash[99]},
+               {66, 1.5, -0.5, 100, 99});
+  expect_equal({dxf.m_pLayer[0].m_nFlags, dxf.m_pLayer[0].m_nColor}, {69, -7});
   EXPECT_EQ(dxf.m_pLayer[0].m_szLType, L"DOT");
   const ACAD_STYLE& style = dxf.m_pStyle[0];
-  EXPECT_EQ(style.m_nFlags + 10 * style.m_dHeight + 100 * style.m_dWidth + 1000 * style.m_dOblique +
-                10000 * style.m_nGenFlags + 100000 * style.m_dLastHeight,
-            654321);
+  expect_equal({style.m_nFlags, style.m_dHeight, style.m_dWidth, style.m_dOblique,
+                style.m_nGenFlags, style.m_dLastHeight},
+               {1, 2, 3, 4, 5, 6});
   EXPECT_EQ(style.m_szExtFont, L"宋体");
   const ACAD_DIMSTYLE& dimension = dxf.m_pDimStyle[0];
   EXPECT_EQ(dimension.DIMBLK, L"ARROW");
-  EXPECT_EQ(dimension.DIMASZ, 3.5);
-  EXPECT_EQ(dimension.DIMTAD * 100 + dimension.DIMCLRT * 10 + dimension.DIMUPT, 241);
+  expect_equal({dimension.DIMASZ, dimension.DIMTAD, dimension.DIMCLRT, dimension.DIMUPT},
+               {3.5, 2, 4, 1});
   EXPECT_EQ(dimension.m_szTxtStyle, L"STANDARD");
 }
 

@@ -24,10 +24,9 @@ class Tables : public testing::Test {
 TEST_F(Tables, LineTypes) {
   ACAD_LTYPE* dashdot = dxf.Add_LType(L"DASHDOT", L"- . - .", 4, 1.0f, dashes, 2.0f);
   ASSERT_EQ(dashdot, &dxf.m_pLType[1]);
-  EXPECT_EQ(dashdot->m_nDashCount, 4);
-  EXPECT_EQ(dashdot->m_dDash[1], -0.25);
-  EXPECT_EQ(dashdot->m_dPatternLength, 1);
-  EXPECT_EQ(dashdot->m_dScale, 2);
+  expect_equal(
+      {dashdot->m_nDashCount, dashdot->m_dDash[1], dashdot->m_dPatternLength, dashdot->m_dScale},
+      {4, -0.25, 1, 2});
   // A name that is there gives its entry as it was, whatever else is asked.
   EXPECT_EQ(dxf.Add_LType(L"DASHDOT", L"other", 31, 9, dashes, 9), dashdot);
   EXPECT_EQ(dashdot->m_szDesc, L"- . - .");
@@ -64,8 +63,7 @@ TEST_F(Tables, Styles) {
   hz->m_dOblique = 15;
   EXPECT_EQ(dxf.Modifi_STyle(L"HZ", L"FS", L"fs", L"fsbig", 3, 0.8), hz);
   EXPECT_EQ(hz->m_szName, L"FS");
-  EXPECT_EQ(hz->m_dWidth, 0.8);
-  EXPECT_EQ(hz->m_dOblique, 15);
+  expect_equal({hz->m_dWidth, hz->m_dOblique}, {0.8, 15});
   EXPECT_EQ(dxf.Modifi_STyle(L"HZ", L"X", L"", L"", 3, 0.8), nullptr);
   EXPECT_EQ(dxf.Modifi_TrueType_STyle(L"FS", L"FS", L"黑体", 0, 1), hz);
   EXPECT_EQ(hz->m_szFont, L"黑体");
@@ -78,19 +76,16 @@ TEST_F(Tables, DimensionStyles) {
       dxf.Add_DimStyle(L"D1", 1, 2, 3, 4, 5, 6, L"STANDARD", 7, L"ARCH", 8, 9, 10, 11);
   ACAD_DIMSTYLE* plain = dxf.Add_DimStyle(L"D2", 1, 2, 3, 4, 5, 6, L"HZ", 7, L"", 8, 9, 10, 11);
   ASSERT_TRUE(block != nullptr && plain != nullptr);
-  const double numbers[] = {block->DIMDLE, block->DIMEXE,       block->DIMEXO,
-                            block->DIMGAP, block->DIMASZ,       1.0 * block->DIMDEC,
-                            block->DIMTXT, block->DIMSCALE,     block->DIMLFAC,
-                            block->DIMRND, 1.0 * block->DIMCLRT};
-  for (int i = 0; i < 11; ++i) EXPECT_EQ(numbers[i], i + 1);
+  expect_equal(
+      {block->DIMDLE, block->DIMEXE, block->DIMEXO, block->DIMGAP, block->DIMASZ, block->DIMDEC,
+       block->DIMTXT, block->DIMSCALE, block->DIMLFAC, block->DIMRND, block->DIMCLRT},
+      {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11});
   EXPECT_EQ(block->DIMBLK, L"ARCH");
-  EXPECT_EQ(block->DIMAUNIT, 0);
-  EXPECT_EQ(block->DIMTAD, 1);
   EXPECT_EQ(plain->m_szTxtStyle, L"HZ");
   EXPECT_TRUE(plain->DIMBLK.empty());
-  EXPECT_EQ(plain->DIMAUNIT, 1);
-  EXPECT_EQ(plain->DIMTAD, 2);
-  EXPECT_EQ(plain->DIMDLI, 100);  // the rest as in a new record
+  // The rest as in a new record.
+  expect_equal({block->DIMAUNIT, block->DIMTAD, plain->DIMAUNIT, plain->DIMTAD, plain->DIMDLI},
+               {0, 1, 1, 2, 100});
   EXPECT_EQ(dxf.Add_DimStyle(L"D1", 0, 0, 0, 0, 0, 0, L"", 0, L"", 0, 0, 0, 0), nullptr);
   EXPECT_EQ(dxf.Add_DimStyle(L"D3", 0, 0, 0, 0, 0, 0, L"", 0, L"", 0, 0, 0, 0), nullptr);
   EXPECT_TRUE(user.messages.empty());
@@ -143,13 +138,8 @@ TEST_F(Tables, LineTypeFile) {
     EXPECT_EQ(std::vector<double>(ltype->m_dDash, ltype->m_dDash + ltype->m_nDashCount), c.dashes);
     EXPECT_EQ(one.Add_LType(path.c_str(), c.name), nullptr);  // it is there now
   }
-  const std::string bad[] = {good,
-                             "",
-                             "*X,cut",
-                             std::string("*X\0Y\nA,1", 8),
-                             std::string(5000, '*'),
-                             std::string(5000, '\0')};
-  for (const std::string& bytes : bad) {
+  for (const std::string& bytes :
+       {good, std::string(), std::string("*X,cut"), "*X" + std::string(1, '\0') + "Y\nA,1"}) {
     put_bytes(folder / "线型.lin", bytes);
     EXPECT_EQ(dxf.Add_LType(path.c_str(), L"X"), nullptr) << bytes.substr(0, 20);
     EXPECT_EQ(take(user).back(), L"0 在 " + path + L" 中找不到 X!");
