@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPixmap>
+#include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -341,7 +342,7 @@ TEST_F(QtWindows, StandsInALayout) {
   layout.addWidget(window.widget());
   host.setGeometry(100, 100, 400, 300);
   host.show();
-  settle();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&host));
   CRect place;
   window.GetWindowRect(place);
   const QPoint corner = window.widget()->mapToGlobal(QPoint());
