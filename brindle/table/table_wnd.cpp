@@ -249,6 +249,17 @@ UINT CTableWnd::OnGetDlgCode() {
   return DLGC_WANTARROWS | DLGC_WANTCHARS;
 }
 
+// A cell that takes only clicks shows by a ring that it has the keys.
+void CTableWnd::OnSetFocus(CWnd* old_window) {
+  CWnd::OnSetFocus(old_window);
+  InvalidateCell(m_nEditHang, m_nEditLie);
+}
+
+void CTableWnd::OnKillFocus(CWnd* new_window) {
+  CWnd::OnKillFocus(new_window);
+  InvalidateCell(m_nEditHang, m_nEditLie);
+}
+
 // Keys come here while no editor is shown: after a scroll, on a button or a pictured check.
 void CTableWnd::OnKeyDown(UINT key, UINT repeat, UINT flags) {
   switch (key) {
@@ -283,10 +294,13 @@ void CTableWnd::OnKeyDown(UINT key, UINT repeat, UINT flags) {
 }
 
 void CTableWnd::OnChar(UINT character, UINT repeat, UINT flags) {
-  if (character == L' ' && has_cell(m_nEditHang, m_nEditLie)) {
-    touch_check(m_nEditHang, m_nEditLie);
-  } else {
+  const int hang = m_nEditHang, lie = m_nEditLie;
+  if (character != L' ' || !has_cell(hang, lie) || !CanEdit(hang, lie)) {
     CWnd::OnChar(character, repeat, flags);
+  } else if (IsButton(hang, lie) && GetButtonID(hang, lie) < 0) {
+    press_wide_button(hang, lie);
+  } else {
+    touch_check(hang, lie);
   }
 }
 

@@ -321,6 +321,8 @@ class CTableWnd : public CWnd {
   void OnPaint() override;
   BOOL OnEraseBkgnd(CDC* dc) override;
   BOOL OnSetCursor(CWnd* window, UINT hit_test, UINT message) override;
+  void OnSetFocus(CWnd* old_window) override;
+  void OnKillFocus(CWnd* new_window) override;
   void OnKeyDown(UINT key, UINT repeat, UINT flags) override;
   void OnChar(UINT character, UINT repeat, UINT flags) override;
   void OnLButtonDown(UINT flags, CPoint point) override;
@@ -366,6 +368,7 @@ class CTableWnd : public CWnd {
   void hide_editors();
   void make_current(int hang, int lie);
   bool still_enterable(int hang, int lie);
+  bool takes_only_clicks(int hang, int lie);
   void keep_row(int hang, int shift);
   void invalidate_from(int hang);
   CRect editor_rect(int hang, int lie);
@@ -388,6 +391,7 @@ class CTableWnd : public CWnd {
   void click_title(CPoint point);
   void select_by_click(int hang, int lie, UINT flags);
   bool cell_at(CPoint point, int& hang, int& lie);
+  void press_wide_button(int hang, int lie);
   bool small_button_rect(int hang, int lie, CRect& rect);
 
   // Painting.

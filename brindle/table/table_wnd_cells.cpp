@@ -140,6 +140,11 @@ void CTableWnd::DrawACell(CDC* dc, int hang, int lie, const CString& text) {
   if (m_bCellBtn && small_button_rect(hang, lie, button)) {
     draw_small_button(dc, button, hang == m_nHotHang && lie == m_nHotLie);
   }
+  const bool entered = hang == m_nEditHang && lie == m_nEditLie && hang > 0;
+  if (entered && has_window() && GetFocus() == this && takes_only_clicks(hang, lie)) {
+    ground.DeflateRect(1, 1);
+    dc->DrawFocusRect(&ground);
+  }
 }
 
 void CTableWnd::CenterImage(CDC* dc, const RECT& rect, UINT id) {

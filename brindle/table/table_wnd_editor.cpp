@@ -75,6 +75,12 @@ CRect CTableWnd::combo_rect(int hang, int lie) {
   return rect;
 }
 
+// A cell-wide button, or a check shown by a picture: the editor stands there unseen.
+bool CTableWnd::takes_only_clicks(int hang, int lie) {
+  return (IsButton(hang, lie) && GetButtonID(hang, lie) < 0) ||
+         (IsCheck(hang, lie) && GetCheckImage(hang, lie, 0) != 0);
+}
+
 void CTableWnd::MoveEdit(int hang, int lie) {
   make_current(hang, lie);
   if (!has_cell(hang, lie) || !CanEdit(hang, lie)) {
@@ -99,6 +105,7 @@ void CTableWnd::MoveEdit(int hang, int lie) {
     m_Edit.SetReadOnly(check);  // nothing that is typed in a check cell could be kept
     m_Edit.m_bHaveBtn = !check && button && GetButtonID(hang, lie) >= 0;
     m_Edit.SetMargins(kTextMargin, m_Edit.m_bHaveBtn ? UINT{CTabEditButton::kWidth} : 0);
+    InvalidateCell(m_nEditHang, m_nEditLie);
     m_nEditHang = hang;
     m_nEditLie = lie;
     m_Edit.CreateButton();
@@ -106,9 +113,7 @@ void CTableWnd::MoveEdit(int hang, int lie) {
     m_Edit.ShowWindow(SW_SHOW);
     m_Edit.SetFocus();
     m_Edit.SetSel(0, -1);
-    const bool only_clicks =
-        (button && GetButtonID(hang, lie) < 0) || (check && GetCheckImage(hang, lie, 0) != 0);
-    if (only_clicks) m_Edit.ShowWindow(SW_HIDE);
+    if (takes_only_clicks(hang, lie)) m_Edit.ShowWindow(SW_HIDE);
   }
   tell_owner(WM_TABLE_EDIT_ARRIVED, static_cast<WPARAM>(hang), lie);
   if (check) Disp_Button(hang, lie);
@@ -173,6 +178,7 @@ void CTableWnd::MoveCombo(int hang, int lie) {
   const CRect rect = combo_rect(hang, lie);
   {
     const Committing guard(*this);
+    InvalidateCell(m_nEditHang, m_nEditLie);
     m_nEditHang = hang;
     m_nEditLie = lie;
     combo->MoveWindow(&rect);

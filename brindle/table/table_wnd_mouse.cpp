@@ -133,9 +133,13 @@ void CTableWnd::OnLButtonUp(UINT, CPoint) {
   if (dragged) place_editor();
   if (!held || !has_cell(m_nBtnHang, m_nBtnLie)) return;
   InvalidateCell(m_nBtnHang, m_nBtnLie);
-  const int id = GetButtonID(m_nBtnHang, m_nBtnLie);
+  press_wide_button(m_nBtnHang, m_nBtnLie);
+}
+
+void CTableWnd::press_wide_button(int hang, int lie) {
+  const int id = GetButtonID(hang, lie);
   // Hang in the low word, lie in the high one: not as OnTableButtonClick, and meant so.
-  tell_owner(WM_TABLE_BUTTON, static_cast<WPARAM>(packed(m_nBtnHang, m_nBtnLie)), id);
+  tell_owner(WM_TABLE_BUTTON, static_cast<WPARAM>(packed(hang, lie)), id);
   DealTableButtonClick(id);
 }
 

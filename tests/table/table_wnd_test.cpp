@@ -419,11 +419,18 @@ TEST_F(TableWnd, ButtonsTellTheirCellInTheOrderOfTheirKind) {
   grid.click(3, 2);
   ASSERT_EQ(owner.count(WM_TABLE_BUTTON), 1);
   EXPECT_EQ(owner.told.back().wParam, WPARAM{2 << 16 | 3});
+  // The keys reach it too, and it shows by a ring that they do.
+  const RasterBitmap ringed = window_picture(grid);
+  route_key_press(owner, L' ');
+  EXPECT_EQ(owner.count(WM_TABLE_BUTTON), 2);
+  owner.SetFocus();
+  EXPECT_NE(window_picture(grid), ringed);
+  owner.told.clear();
   CRect rect;
   grid.GetHangLieRect(4, 2, rect);
   grid.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(rect.right - 5, rect.top + 8));
   dispatch_posted_messages();
-  ASSERT_EQ(owner.count(WM_TABLE_BUTTON), 2);
+  ASSERT_EQ(owner.count(WM_TABLE_BUTTON), 1);
   EXPECT_EQ(owner.told.back().wParam, WPARAM{4 << 16 | 2});
   EXPECT_EQ(owner.told.back().lParam, 6);
 }
