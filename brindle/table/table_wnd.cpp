@@ -13,7 +13,6 @@ namespace {
 
 constexpr UINT kEditId = 1;
 constexpr int kEditSize = 40;  // until it first goes to a cell
-constexpr UINT kCellButtonId = 2;
 constexpr wchar_t kNoValue[] = L"---";  // the text of a cell that has none and can't be edited
 
 }  // namespace
@@ -212,13 +211,6 @@ BOOL CTableWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
   const UINT id = LOWORD(wParam);
   for (const auto& entry : kCommands) {
     if (lParam == 0 && entry.id == id) return (this->*entry.handler)(), TRUE;
-  }
-  if (m_pCellButton != nullptr && lParam != 0 && id == kCellButtonId &&
-      HIWORD(wParam) == BN_CLICKED) {
-    // Not at once: the button sends this, and touching the check makes it anew.
-    m_Edit.SetFocus();
-    m_Edit.PostMessage(WM_CHAR, L' ');
-    return TRUE;
   }
   return CWnd::OnCommand(wParam, lParam);
 }

@@ -6,7 +6,20 @@ namespace brindle {
 namespace {
 
 constexpr int kTipBelow = 20, kTipAbove = 10;
-constexpr UINT kCellButtonId = 2;
+
+// A click on it counts as a blank typed in the editor, which keeps the focus: the button would go
+// with it. Not at once: touching the check makes the button anew.
+class CheckButton : public CButton {
+ public:
+  explicit CheckButton(CWnd& editor) : editor_(editor) {}
+
+ protected:
+  void OnLButtonDown(UINT, CPoint) override { editor_.PostMessage(WM_CHAR, L' '); }
+  void OnLButtonDblClk(UINT flags, CPoint point) override { OnLButtonDown(flags, point); }
+
+ private:
+  CWnd& editor_;
+};
 
 }  // namespace
 
@@ -56,9 +69,8 @@ void CTableWnd::Disp_Button(int hang, int lie) {
   CRect rect;
   m_Edit.GetWindowRect(&rect);
   ScreenToClient(&rect);
-  m_pCellButton = new CButton;
-  m_pCellButton->Create(GetHangLieString(hang, lie), WS_CHILD | BS_PUSHBUTTON, rect, this,
-                        kCellButtonId);
+  m_pCellButton = new CheckButton(m_Edit);
+  m_pCellButton->Create(GetHangLieString(hang, lie), WS_CHILD | BS_PUSHBUTTON, rect, this, 0);
   m_pCellButton->SetFont(&m_CheckFont);
   m_pCellButton->BringWindowToTop();
   m_pCellButton->ShowWindow(SW_SHOWNOACTIVATE);

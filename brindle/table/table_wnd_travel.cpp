@@ -89,6 +89,7 @@ LRESULT CTableWnd::OnEditGetEscape(WPARAM wParam, LPARAM) {
     touch_check(m_nEditHang, m_nEditLie);
   } else {
     ClearDirty(0);
+    if (check) Disp_Button(m_nEditHang, m_nEditLie);  // the editor itself would show nothing
   }
   tell_owner(WM_TABLE_TYPED, 0, 0);
   return 0;

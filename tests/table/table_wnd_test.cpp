@@ -313,6 +313,14 @@ TEST_F(TableWnd, NothingIsCommittedWhereNothingWasTyped) {
   EXPECT_EQ(grid.texts[(Cell{2, 3})], L"x");
   grid.m_Edit.SendMessage(WM_CHAR, L'a');
   EXPECT_EQ(grid.edit_text(), L"");
+  // So does a click on the button that stands over the check now.
+  for (const wchar_t* text : {L"√", L"x"}) {
+    ASSERT_NE(grid.m_pCellButton, nullptr);
+    route_mouse(owner, WM_LBUTTONDOWN, MK_LBUTTON, grid.middle(2, 3));
+    route_mouse(owner, WM_LBUTTONUP, 0, grid.middle(2, 3));
+    dispatch_posted_messages();
+    EXPECT_EQ(grid.texts[(Cell{2, 3})], text);
+  }
   grid.click(1, 2);
   grid.click(1, 1);
   EXPECT_TRUE(grid.committed.empty());
