@@ -107,18 +107,6 @@ inline std::string text_entity(const std::string& words) {
 inline const std::string kLine = line_entity("0", "1");
 inline const std::string kEnd = "  0\nENDSEC\n";
 
-// "301 Layer Name Error !" for each message.
-inline std::vector<std::wstring> lines_of(const RecordedMessages& user) {
-  std::vector<std::wstring> lines;
-  for (const auto& m : user.messages) lines.push_back(std::to_wstring(m.code) + L" " + m.text);
-  return lines;
-}
-inline std::vector<std::wstring> take(RecordedMessages& user) {
-  std::vector<std::wstring> lines = lines_of(user);
-  user.messages.clear();
-  return lines;
-}
-
 // A drawing read from bytes: the result of the reader and what it told.
 struct ReadDrawing {
   explicit ReadDrawing(const std::string& bytes) {

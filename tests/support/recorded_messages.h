@@ -65,4 +65,16 @@ class RecordedMessages : public HeadlessUserInterface {
   std::tuple<int, int, int> switches_{G_bDispJSXX, JS_ERROR_CODE, bPromptEnabled};
 };
 
+// "301 Layer Name Error !" for each message.
+inline std::vector<std::wstring> lines_of(const RecordedMessages& user) {
+  std::vector<std::wstring> lines;
+  for (const auto& m : user.messages) lines.push_back(std::to_wstring(m.code) + L" " + m.text);
+  return lines;
+}
+inline std::vector<std::wstring> take(RecordedMessages& user) {
+  std::vector<std::wstring> lines = lines_of(user);
+  user.messages.clear();
+  return lines;
+}
+
 }  // namespace brindle

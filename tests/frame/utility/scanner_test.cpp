@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "brindle/platform/base/string.h"
 #include "brindle/platform/base/wide_text.h"
+#include "tests/support/expect_numbers.h"
 
 namespace brindle {
 namespace {
@@ -86,9 +86,7 @@ TEST(Scanner, TheLastLetterOfAPieceWins) {
               : c.kind == 's' ? scan(&s)
                               : scan(),
               c.kind == '-' ? 0 : 1);
-    EXPECT_EQ(i, c.kind == 'i' ? 3 : 0);
-    EXPECT_EQ(f, c.kind == 'f' ? 3.5f : 0.0f);
-    EXPECT_EQ(g, c.kind == 'g' ? 3.5 : 0.0);
+    expect_equal({i, f, g}, {3 * (c.kind == 'i'), 3.5 * (c.kind == 'f'), 3.5 * (c.kind == 'g')});
     EXPECT_STREQ(s, c.kind == 's' ? L"3.5" : L"");
   }
 }
@@ -98,23 +96,16 @@ TEST(Scanner, ConvertsNumbers) {
   long l = 9;
   LONG narrow = 9;
   UINT u = 9;
-  EXPECT_EQ(
-      JSVsscanf::vsscanf(L"-12abc 99999999999,-99999999999 x", L"%d,%d,%l,%d", &i, &u, &l, &narrow),
-      4);
-  EXPECT_EQ(i, -12);
-  EXPECT_EQ(u, 2147483647u);
-  EXPECT_EQ(l, -2147483647L - 1);
-  EXPECT_EQ(narrow, 0);
-
   float f = 9, huge = 9;
   double g = 9, nan = 9, bad = 9;
-  EXPECT_EQ(
-      JSVsscanf::vsscanf(L"0.1,0.1,1e400 nan -", L"%f,%g,%f,%g,%g", &f, &g, &huge, &nan, &bad), 5);
-  EXPECT_EQ(f, 0.1f);
-  EXPECT_EQ(g, 0.1);
-  EXPECT_EQ(huge, std::numeric_limits<float>::infinity());
-  EXPECT_TRUE(std::isnan(nan));
-  EXPECT_EQ(bad, 0.0);
+  expect_equal({JSVsscanf::vsscanf(L"-12abc 99999999999,-99999999999 x", L"%d,%d,%l,%d", &i, &u, &l,
+                                   &narrow),
+                i, u, l, narrow},
+               {4, -12, 2147483647u, -2147483647L - 1, 0});
+  expect_equal(
+      {JSVsscanf::vsscanf(L"0.1,0.1,1e400 nan -", L"%f,%g,%f,%g,%g", &f, &g, &huge, &nan, &bad), f,
+       g, huge, nan, bad},
+      {5, 0.1f, 0.1, INFINITY, NAN, 0});
 }
 
 TEST(Scanner, StoresTextsInEveryKindOfTarget) {
