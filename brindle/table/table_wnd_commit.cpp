@@ -40,9 +40,13 @@ void CTableWnd::commit(int hang, int lie, CString text, const CString& shown) {
     const Committing guard(*this);
     DealChangeData(hang, lie, text);
   }
-  // Refused or put right, the cell shows what it has now.
   InvalidateCell(hang, lie);
-  if (has_cell(hang, lie)) m_strEditOld = GetHangLieString(hang, lie);
+  if (!has_cell(hang, lie)) return;
+  m_strEditOld = GetHangLieString(hang, lie);
+  // Refused or put right, an editor that stays shows what the cell has now; or it would commit
+  // again what it still shows.
+  const Committing guard(*this);
+  refresh_editor();
 }
 
 CString CTableWnd::combo_text(CComboBox& combo) {

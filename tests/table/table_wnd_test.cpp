@@ -57,7 +57,7 @@ class Grid : public CTableWnd {
   }
   void DealChangeData(int hang, int lie, CString text) override {
     committed.push_back({hang, lie, text});
-    if (!refuse) texts[{hang, lie}] = text;
+    if (!refuse) texts[{hang, lie}] = text + unit;
     if (on_commit) on_commit();
   }
   CString GetHangLieString(int hang, int lie) override {
@@ -128,6 +128,7 @@ class Grid : public CTableWnd {
   std::set<int> asked;
   std::function<void()> on_commit;
   bool refuse = false;
+  CString unit;  // follows what is stored
   CTabCombo combo;
 };
 
@@ -271,9 +272,9 @@ TEST_F(TableWnd, WhatWasTypedIsCommittedWhicheverWayLeadsAway) {
        [](Grid& g) { g.GetParent()->ShowWindow(SW_HIDE), g.DestroyWindow(); }},
   };
   for (const auto& way : ways) {
-    for (const bool refuse : {false, true}) {
-      const bool in_list = refuse;
-      SCOPED_TRACE(way.name);
+    for (const int round : {0, 1, 2, 3}) {
+      const bool in_list = round % 2 != 0, refuse = round == 1 || round == 2;
+      SCOPED_TRACE(std::string(way.name) + std::to_string(round));
       Owner parent;
       Grid g;
       g.widths = {40, 80, 80, 180};
@@ -285,8 +286,10 @@ TEST_F(TableWnd, WhatWasTypedIsCommittedWhicheverWayLeadsAway) {
       if (in_list) g.combos.insert({2, 2});
       g.combo.Create(WS_CHILD | CBS_DROPDOWN, CRect(0, 0, 50, 100), &g, 50);
       g.refuse = refuse;
-      // A table that is rebuilt under the commit must neither commit twice nor lose it.
-      g.on_commit = [&] { g.UpdateTable(); };
+      if (round == 3) g.unit = L" mm";
+      // A table that is rebuilt under the commit must neither commit twice nor lose it, nor one in
+      // which the cell shows something else then than was typed.
+      if (round < 2) g.on_commit = [&] { g.UpdateTable(); };
       g.click(2, 2);
       ASSERT_EQ(g.editing(), !in_list);
       CEdit& field = in_list ? *g.combo.edit_control() : g.m_Edit;
