@@ -96,20 +96,18 @@ TEST(Dimension, PlacesOfTexts) {
 }
 
 TEST(Dimension, SidesAndDistances) {
-  EXPECT_EQ(get_ChiCunJieXian_Left(1, 1, 0, 5, 1), 1);  // on the line
-  EXPECT_EQ(get_ChiCunJieXian_Left(1, 1, 0, 5, 0.9), 0);
-  EXPECT_EQ(get_ChiCunJieXian_Left(1, 1, 2, 0, 0), 1);
-  EXPECT_EQ(get_ChiCunJieXian_Left(0, 0, 3.15, 5, 1), 0);
-  EXPECT_NEAR(get_dist_point_line(3, 4, 0, 0, 0.5),
-              std::fabs(4 * std::cos(0.5) - 3 * std::sin(0.5)), 1e-12);
-  EXPECT_NEAR(get_dist_point_line(0, 5, 0, 0, 30, 40), 3, 1e-12);
-  EXPECT_EQ(get_dist_point_line(3, 4, 0, 0, 0, 0), 5);
+  expect_equal({get_ChiCunJieXian_Left(1, 1, 0, 5, 1),  // on the line
+                get_ChiCunJieXian_Left(1, 1, 0, 5, 0.9), get_ChiCunJieXian_Left(1, 1, 2, 0, 0),
+                get_ChiCunJieXian_Left(0, 0, 3.15, 5, 1)},
+               {1, 0, 1, 0});
+  expect_near({get_dist_point_line(3, 4, 0, 0, 0.5), get_dist_point_line(0, 5, 0, 0, 30, 40),
+               get_dist_point_line(3, 4, 0, 0, 0, 0)},
+              {std::fabs(4 * std::cos(0.5) - 3 * std::sin(0.5)), 3, 5}, 1e-12);
 }
 
 // Each case of data/dimension_blocks.txt is a line that tells what and where, and the block.
 TEST(Dimension, Geometry) {
-  std::istringstream cases(
-      bytes_of(std::string(BRINDLE_SOURCE_DIR) + "/tests/dxf/data/dimension_blocks.txt"));
+  std::istringstream cases(golden("dimension_blocks.txt"));
   std::string line, expected;
   int count = 0;
   while (std::getline(cases, line)) {

@@ -32,6 +32,11 @@ inline std::string text_of(const std::string& path) {
   return text;
 }
 
+// A text of data/.
+inline std::string golden(const std::string& name) {
+  return bytes_of(std::string(BRINDLE_SOURCE_DIR) + "/tests/dxf/data/" + name);
+}
+
 // Compares line by line, so that a difference tells its place and no more.
 inline void expect_text(const std::string& actual, const std::string& expected) {
   std::istringstream a(actual), e(expected);

@@ -37,40 +37,9 @@ std::vector<HATCH_PATTERN_DATA*> families_of(const ACAD_HATCH& hatch) {
 
 // --- file form
 
-const std::string kHead =
-    " 10\n0.0000000000\n 20\n0.0000000000\n 30\n1.0000000000\n210\n0.0000000000\n"
-    "220\n0.0000000000\n230\n1.0000000000\n  2\nMIX\n 70\n0\n 71\n1\n 91\n2\n";
-const std::string kPolylinePath =
-    " 92\n3\n 72\n1\n 73\n1\n 93\n3\n 10\n0.0000000000\n 20\n0.0000000000\n 42\n0.0000000000\n"
-    " 10\n8.0000000000\n 20\n0.0000000000\n 42\n-0.5000000000\n 10\n8.0000000000\n"
-    " 20\n6.0000000000\n 42\n0.0000000000\n 97\n0\n";
-const std::string kLineEdge =
-    " 72\n1\n 10\n1.0000000000\n 20\n1.0000000000\n 11\n5.0000000000\n 21\n1.0000000000\n";
-const std::string kArcEdge =
-    " 72\n2\n 10\n5.0000000000\n 20\n2.0000000000\n 40\n1.0000000000\n 50\n270.0000000000\n"
-    " 51\n360.0000000000\n 73\n1\n";
-const std::string kEllipseEdge =
-    " 72\n3\n 10\n5.0000000000\n 20\n2.0000000000\n 11\n1.0000000000\n 21\n0.0000000000\n"
-    " 40\n0.5000000000\n 50\n0.0000000000\n 51\n90.0000000000\n 73\n1\n";
-const std::string kSplineEdge =
-    " 72\n4\n 94\n2\n 73\n0\n 74\n0\n 95\n6\n 96\n3\n 40\n0.0000000000\n 40\n0.0000000000\n"
-    " 40\n0.0000000000\n 40\n1.0000000000\n 40\n1.0000000000\n 40\n1.0000000000\n"
-    " 10\n5.0000000000\n 20\n2.5000000000\n 10\n1.0000000000\n 20\n5.0000000000\n"
-    " 10\n1.0000000000\n 20\n1.0000000000\n";
-const std::string kEdgePath =
-    " 92\n1\n 93\n4\n" + kLineEdge + kArcEdge + kEllipseEdge + kSplineEdge + " 97\n1\n330\n2F\n";
-const std::string kTail =
-    " 75\n0\n 76\n1\n 52\n30.0000000000\n 41\n2.0000000000\n 77\n0\n 78\n1\n"
-    " 53\n90.0000000000\n 43\n1.0000000000\n 44\n2.0000000000\n 45\n-3.0000000000\n"
-    " 46\n4.0000000000\n 79\n2\n 49\n1.5000000000\n 49\n-0.5000000000\n"
-    " 98\n1\n 10\n3.0000000000\n 20\n2.5000000000\n";
-const std::string kRecord = "1001\nQXACAD\n1000\nQXEX\n1002\n{\n1071\n9\n1002\n}\n";
-const std::string kStart = "  5\n2A\n",
-                  kLayer = "100\nAcDbEntity\n  8\n0\n 62\n3\n100\nAcDbHatch\n";
-const std::string kBody = kHead + kPolylinePath + kEdgePath + kTail;
-
+// A path of each form, an edge of each kind, a family of lines, an extended record.
 TEST(Hatches, FileForms) {
-  const std::string r12 = "  0\nHATCH\n" + kRecord + kStart + kLayer + kBody;
+  const std::string r12 = golden("hatch_r12.txt");
   ReadDrawing read(kTables + entities(r12 + kLine));
   ASSERT_EQ(read.entities().size(), 2u);
   const ACAD_HATCH& hatch = *read.entities<ACAD_HATCH>().at(0);
@@ -88,8 +57,7 @@ TEST(Hatches, FileForms) {
     std::FILE* file = std::fopen((folder / "one.dxf").c_str(), "wb");
     modern ? copy.Write2000(file) : copy.Write(file);
     std::fclose(file);
-    expect_text(text_of(folder / "one.dxf"),
-                modern ? "  0\nHATCH\n" + kStart + "  330\n0\n" + kLayer + kBody + kRecord : r12);
+    expect_text(text_of(folder / "one.dxf"), modern ? golden("hatch_ac1015.txt") : r12);
   }
   // A drawing without hatches, when asked for, nor in its blocks.
   auto* block = new ACAD_BLOCK;

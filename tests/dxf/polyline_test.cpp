@@ -32,36 +32,20 @@ ACAD_POLYLINE* add(DXF& dxf, int flags, const std::vector<std::array<double, 3>>
                          flags, w1.data(), w2.data(), 1, L"0", L"BYLAYER", ltype);
 }
 
-const std::string kR12 =
-    "  0\nPOLYLINE\n  8\nWALL\n  6\nDASHED\n 62\n3\n 48\n2.5000000000\n 66\n  1\n"
-    " 10\n0.0\n 20\n0.0\n 30\n0.0\n 40\n0.5000000000\n 41\n0.2500000000\n 70\n1\n"
-    "1001\nQXACAD\n1000\nQXEX\n1002\n{\n1071\n7\n1002\n}\n"
-    "  0\nVERTEX\n  8\nWALL\n 10\n1.0000000000\n 20\n2.0000000000\n 30\n3.0000000000\n 70\n0\n"
-    " 40\n0.5000000000\n 41\n0.2500000000\n 42\n0.1000000000\n"
-    "  0\nVERTEX\n  8\n0\n  6\nDASHED\n 62\n5\n 10\n4.0000000000\n 20\n5.0000000000\n"
-    " 30\n6.0000000000\n 70\n8\n 40\n0.0000000000\n 41\n0.1250000000\n 42\n-1.0000000000\n"
-    "  0\nSEQEND\n";
-const std::string kAc1015 =
-    "  0\nLWPOLYLINE\n  5\n2A\n100\nAcDbEntity\n  8\nWALL\n  6\nDASHED\n 62\n3\n"
-    " 48\n2.5000000000\n 66\n  1\n100\nAcDbPolyline\n 90\n2\n 70\n1\n"
-    " 10\n1.0000000000\n 20\n2.0000000000\n 40\n0.5000000000\n 41\n0.2500000000\n"
-    " 42\n0.1000000000\n 10\n4.0000000000\n 20\n5.0000000000\n 40\n0.0000000000\n"
-    " 41\n0.1250000000\n 42\n-1.0000000000\n";
-
 TEST(Polylines, FileForms) {
-  ReadDrawing read(kTables + entities(kR12 + kLine));
+  ReadDrawing read(kTables + entities(golden("polyline_r12.txt") + kLine));
   ASSERT_EQ(read.entities().size(), 2u);
   ACAD_POLYLINE copy;
   copy.Copy(*read.entities<ACAD_POLYLINE>().at(0));
   EXPECT_EQ(copy.GetGJIndex(), 7u);
   const TemporaryFolder folder;
   copy.m_nHandle = 0x2A;
-  for (const auto& [write, text] :
-       {std::pair{&ACAD_POLYLINE::Write, kR12}, {&ACAD_POLYLINE::Write2000, kAc1015}}) {
+  for (const auto& [write, name] : {std::pair{&ACAD_POLYLINE::Write, "polyline_r12.txt"},
+                                    {&ACAD_POLYLINE::Write2000, "polyline_ac1015.txt"}}) {
     std::FILE* file = std::fopen((folder / "one.dxf").c_str(), "wb");
     EXPECT_EQ((copy.*write)(file), 1);
     std::fclose(file);
-    expect_text(text_of(folder / "one.dxf"), text);
+    expect_text(text_of(folder / "one.dxf"), golden(name));
   }
   // In whole files: the old form keeps it, the new one isn't read back.
   for (bool modern : {false, true}) {

@@ -66,10 +66,6 @@ std::string shown(const std::string& path) {
   return CodePage::find(65001u)->encode(
       CodePage::find(936u)->decode(without_handles(text_of(path))));
 }
-std::string golden(const std::string& name) {
-  return bytes_of(std::string(BRINDLE_SOURCE_DIR) + "/tests/dxf/data/" + name);
-}
-
 TEST(Writers, EveryKindAndTableInBothDialects) {
   TemporaryFolder folder;
   for (const bool ac1015 : {false, true}) {
