@@ -64,10 +64,10 @@ void add_image(GlyphMask& mask, const PlacedImage& placed) {
   const int bottom = std::min(box.bottom, mask.top + mask.height);
   for (int y = std::max(box.top, mask.top); y < bottom; ++y) {
     const std::uint8_t* from =
-        placed.image->coverage.data() + std::ptrdiff_t{y - box.top} * box.Width();
-    std::uint8_t* to = mask.coverage.data() + std::ptrdiff_t{y - mask.top} * mask.width;
-    for (int x = left; x < right; ++x)
-      to[x - mask.left] = std::max(to[x - mask.left], from[x - box.left]);
+        placed.image->coverage.data() + std::ptrdiff_t{y - box.top} * box.Width() + left - box.left;
+    std::uint8_t* to =
+        mask.coverage.data() + std::ptrdiff_t{y - mask.top} * mask.width + left - mask.left;
+    for (int i = 0; i < right - left; ++i) to[i] = std::max(to[i], from[i]);
   }
 }
 
