@@ -62,6 +62,7 @@ QSize QtWindow::sizeHint() const {
 }
 
 bool QtWindow::event(QEvent* event) {
+  if (event->type() == QEvent::DeferredDelete) return QWidget::event(event);  // deletes this
   ++events_;
   // A key that the program has as a shortcut is typed all the same.
   if (event->type() == QEvent::ShortcutOverride && window_ != nullptr)
