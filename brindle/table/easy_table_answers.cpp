@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "brindle/platform/window/combo_box.h"
 #include "brindle/table/easy_table_wnd.h"
 
@@ -30,16 +32,40 @@ int CEasyTableWnd::GetSetedCellState(int hang, int lie) {
   const int column = lie <= m_arLieState.GetSize() ? m_arLieState[lie - 1] : -1;
   if (column != -1) return column;
   if (row != -1) return row;
-  const int displayed = NewLie(lie);
-  const CETCell* const cell = displayed < 1 ? nullptr : FindCell(hang, displayed);
+  const CETCell* const cell = find_tool_cell(hang, lie);
   return cell ? cell->m_nState : ETCS_EDIT;
+}
+
+// The colours of a cell depend on CanEdit, which depends on the text: the one that is being drawn
+// isn't formed again.
+void CEasyTableWnd::DrawACell(CDC* dc, int hang, int lie, const CString& text) {
+  const int outer_hang = std::exchange(drawn_hang_, hang);
+  const int outer_lie = std::exchange(drawn_lie_, lie);
+  const CString* const outer_text = std::exchange(drawn_text_, &text);
+  CTableWnd::DrawACell(dc, hang, lie, text);
+  drawn_hang_ = outer_hang;
+  drawn_lie_ = outer_lie;
+  drawn_text_ = outer_text;
+}
+
+// Whether the cell's text is "---" now. Rules have run afterwards, as when the text is asked for.
+bool CEasyTableWnd::shows_dashes(int hang, int lie) {
+  const bool is_drawn = drawn_text_ && hang == drawn_hang_ && lie == drawn_lie_;
+  if (!is_drawn || *drawn_text_ == L"---") return GetHangLieString(hang, lie) == L"---";
+  CETCell* cell = FindCell(hang, lie);
+  if (cell && !cell->m_arReact.IsEmpty()) {
+    run_state_rules(cell);
+    cell = FindCell(hang, lie);
+  }
+  return m_nTableState == ETCS_NONE || GetSetedCellState(hang, OldLie(lie)) == ETCS_NONE ||
+         (cell && cell->m_nState == ETCS_NONE);
 }
 
 BOOL CEasyTableWnd::CanEdit(int hang, int lie) {
   if (hang < 1 || lie == 1 || hang > m_nEasyHang) return FALSE;
   const CETCell* cell = FindCell(hang, lie);
   if (!cell || cell->m_nType == ETCK_TEXT || m_nTableState == ETCS_GRAY) return FALSE;
-  if (GetHangLieString(hang, lie) == L"---") return FALSE;
+  if (shows_dashes(hang, lie)) return FALSE;
   cell = FindCell(hang, lie);  // asking for the text runs rules
   return cell && cell->m_nState != ETCS_GRAY && GetSetedCellState(hang, OldLie(lie)) != ETCS_GRAY;
 }
@@ -128,8 +154,11 @@ COLORREF CEasyTableWnd::GetHangLieTextColor(int hang, int lie) {
 CComboBox* CEasyTableWnd::GetComboPtr(int hang, int lie) {
   const CETCell* const cell = FindCell(hang, lie);
   if (!cell || !cell->m_pControl) return nullptr;
-  CComboBox* const combo = cell->m_pControl->m_pCombo;
-  return combo && combo->GetSafeHwnd() ? combo : nullptr;
+  const CETControl& control = *cell->m_pControl;
+  const bool is_known =
+      control.m_nKind == CETControl::kTextList || control.m_nKind == CETControl::kBitmapList;
+  return is_known && control.m_pCombo && control.m_pCombo->GetSafeHwnd() ? control.m_pCombo
+                                                                         : nullptr;
 }
 
 // Of a bitmap list the text is the item's index. With nothing chosen and nothing to type in, it is

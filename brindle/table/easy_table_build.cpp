@@ -87,6 +87,7 @@ void CEasyTableWnd::SetLieShift(const int* lies) {
 }
 
 CETCell* CEasyTableWnd::add_cell(int hang, int lie, int kind, void* value, const CString& format) {
+  const bool is_indexed = cell_index_.is_current(m_arCell);
   CETCell* const cell = new CETCell;
   cell->m_pOwner = m_pOwner;
   cell->m_nHang = hang;
@@ -94,9 +95,8 @@ CETCell* CEasyTableWnd::add_cell(int hang, int lie, int kind, void* value, const
   cell->m_nType = kind;
   cell->m_pValue = value;
   cell->m_strFormat = format;
-  const bool index_is_up_to_date = indexed_cells_ == m_arCell.GetSize();
   m_arCell.Add(cell);
-  if (index_is_up_to_date) put_in_index(cell);
+  if (is_indexed) cell_index_.take_last(m_arCell);
   return cell;
 }
 

@@ -14,22 +14,32 @@ void CEasyTableWnd::DealChangeData(int hang, int lie, CString text) {
   CETCell* cell = FindCell(hang, lie);
   if (!cell) return;
   cell->m_pOwner = m_pOwner;
-  unsigned builds = builds_;
   cell->DealChangeData(text);
-  if (builds != builds_) return;  // the owner was told of a rebar text and rebuilt the table
   AfterDataChange(hang, OldLie(lie));
   cell = FindCell(hang, lie);
   if (!cell) return;
   SetSameLieValue(hang, lie);
-  builds = builds_;
+  const unsigned builds = builds_;
   for (INT_PTR i = 0; i < m_arReact.GetSize(); ++i) {
     if (DealReact(static_cast<CETReact*>(m_arReact[i]), nullptr) == 2) return;
     if (!stands(cell, hang, lie, builds)) return;
   }
   for (INT_PTR i = 0; i < cell->m_arReact.GetSize(); ++i) {
-    if (DealReact(static_cast<CETReact*>(cell->m_arReact[i]), cell) == 2) return;
+    const CETReact* const react = static_cast<CETReact*>(cell->m_arReact[i]);
+    const ETCELL_REACT type = react->m_nType;
+    const int a = react->m_nParam1, b = react->m_nParam2;
+    if (DealReact(react, cell) == 2) return;
+    redraw_targets(type, a, b);
     if (!stands(cell, hang, lie, builds)) return;
   }
+}
+
+// What a rule has greyed shows at once. Not while painting: rules that contradict each other would
+// keep the grid painting for ever.
+void CEasyTableWnd::redraw_targets(ETCELL_REACT type, int a, int b) {
+  if (type == ETCR_HANG_STATE) InvalidateHang(a);
+  if (type == ETCR_LIE_STATE) InvalidateLie(a);
+  if (type == ETCR_CELL_STATE) InvalidateCell(a, b);
 }
 
 void CEasyTableWnd::SetSameLieValue(int hang, int lie) {
@@ -44,8 +54,10 @@ void CEasyTableWnd::SetSameLieValue(int hang, int lie) {
   }
 }
 
-void CEasyTableWnd::set_states(const CETReact& react, int state) {
-  if (state == -1) return;
+// Whether there was a state to set. With -1 the reaction isn't looked at, which may be gone after
+// the message about a bad rule.
+bool CEasyTableWnd::set_states(const CETReact& react, int state) {
+  if (state == -1) return false;
   const auto set = [&](int hang, int lie) {
     if (CETCell* const cell = FindCell(hang, lie))
       cell->m_nState = static_cast<ETCELL_STATE>(state);
@@ -58,6 +70,7 @@ void CEasyTableWnd::set_states(const CETReact& react, int state) {
   if (react.m_nType == ETCR_LIE_STATE) {
     for (int hang = 1; hang <= m_nEasyHang; ++hang) set(hang, react.m_nParam1);
   }
+  return true;
 }
 
 int CEasyTableWnd::DealReact(const CETReact* react, CETCell* cell) {
@@ -90,9 +103,7 @@ int CEasyTableWnd::DealReact(const CETReact* react, CETCell* cell) {
     case ETCR_HANG_STATE:
     case ETCR_LIE_STATE:
     case ETCR_CELL_STATE:
-      if (!cell) return 0;
-      set_states(*react, cell->GetResponseReact(react->rule(), react->m_strExpr));
-      return 1;
+      return cell && set_states(*react, cell->GetResponseReact(react->rule()));
     case ETCR_NONE:
       break;
   }
@@ -106,6 +117,17 @@ void CEasyTableWnd::run_state_rules(CETCell* cell) {
     if (react->is_state_rule()) DealReact(react, cell);
     // A message about a bad rule lets other messages run.
     if (builds != builds_) return;
+  }
+}
+
+// No text is formed for the rules' sake.
+void CEasyTableWnd::ask_rows(int first, int last) {
+  rule_list_.update(m_arCell, m_nEasyHang, column_count(), m_arLieXu, cell_index_);
+  const unsigned version = rule_list_.version(), builds = builds_;
+  for (const auto& [cell, react] : rule_list_.of_rows(first, last)) {
+    DealReact(react, cell);
+    // A message about a bad rule lets other messages run.
+    if (version != rule_list_.version() || builds != builds_) return;
   }
 }
 

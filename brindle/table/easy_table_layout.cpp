@@ -9,11 +9,6 @@ namespace {
 
 constexpr UINT kDiscardRetired = WM_APP + 0x61;
 
-unsigned long long place_key(int hang, int lie) {
-  return static_cast<unsigned long long>(static_cast<unsigned>(hang)) << 32 |
-         static_cast<unsigned>(lie);
-}
-
 }  // namespace
 
 void CEasyTableWnd::LieWid2LiePos(int* list) {
@@ -54,10 +49,9 @@ void CEasyTableWnd::IniEasyTable(int hangCount, UINT titleBmp, const int* liePos
 
 int CEasyTableWnd::column_count() const {
   if (!m_arLieXu.IsEmpty()) return static_cast<int>(m_arLieXu.GetSize());
-  if (!m_arTitlePos.IsEmpty() && m_arDragLie.IsEmpty()) {
-    return static_cast<int>(m_arTitlePos.GetSize()) - 1;
-  }
-  return GetLieCount();
+  if (m_arTitlePos.IsEmpty()) return GetLieCount();
+  const CArray<int, int>& boundaries = m_arDragLie.IsEmpty() ? m_arTitlePos : m_arDragLie;
+  return static_cast<int>(boundaries.GetSize()) - 1;
 }
 
 // The widths of the columns displayed. With an order of columns the title's boundaries follow it,
@@ -94,8 +88,10 @@ int CEasyTableWnd::title_height() {
     return bitmap ? bitmap->height() : 1;
   }
   if (!m_bTextTitle) return 1;
-  if (m_nTitleHeight > 1) return m_nTitleHeight;  // the tool's
-  return std::max(GetTitleLineNumber(), 1) * (std::abs(m_nFontHeight) + 4) + 4;
+  const bool is_tools = m_nTitleHeight > 1 && m_nTitleHeight != own_title_height_;
+  if (is_tools) return m_nTitleHeight;
+  own_title_height_ = std::max(GetTitleLineNumber(), 1) * (std::abs(m_nFontHeight) + 4) + 4;
+  return own_title_height_;
 }
 
 void CEasyTableWnd::InitialAllData() {
@@ -114,7 +110,6 @@ void CEasyTableWnd::InitialAllData() {
   m_nTitleHeight = title_height();
   m_nHangCount = m_nEasyHang;
   if (m_bSort && sorting_off_ == 0) SortCell(m_nSortLie);
-  note_rows_with_rules();
 }
 
 // The cells were made before the window.
@@ -143,54 +138,25 @@ int CEasyTableWnd::NewLie(int lie) const {
 }
 
 void CEasyTableWnd::cells_moved() {
-  cell_index_.clear();
-  indexed_cells_ = -1;
-  rows_with_rules_.clear();
+  cell_index_.forget();
+  rule_list_.forget();
 }
 
-void CEasyTableWnd::put_in_index(CETCell* cell) {
-  cell_index_.try_emplace(place_key(cell->m_nHang, cell->m_nLie), cell);
-  ++indexed_cells_;
-}
-
-void CEasyTableWnd::index_cells() {
-  cell_index_.clear();
-  cell_index_.reserve(static_cast<std::size_t>(m_arCell.GetSize()));
-  indexed_cells_ = 0;
-  for (void* cell : m_arCell) put_in_index(static_cast<CETCell*>(cell));
+CETCell* CEasyTableWnd::find_tool_cell(int hang, int tool_lie) {
+  if (hang < 0 || hang > m_nEasyHang) return nullptr;
+  return cell_index_.find(m_arCell, hang, tool_lie);
 }
 
 CETCell* CEasyTableWnd::FindCell(int hang, int lie) {
-  if (hang < 0 || hang > m_nEasyHang || lie < 1 || lie > column_count()) return nullptr;
-  if (indexed_cells_ != m_arCell.GetSize()) index_cells();
-  const auto found = cell_index_.find(place_key(hang, OldLie(lie)));
-  return found == cell_index_.end() ? nullptr : found->second;
-}
-
-void CEasyTableWnd::note_rows_with_rules() {
-  rows_with_rules_.assign(static_cast<std::size_t>(m_nEasyHang) + 1, false);
-  rules_noted_ = CETCell::reactions_added();
-  for (void* entry : m_arCell) {
-    const CETCell& cell = *static_cast<CETCell*>(entry);
-    if (cell.m_nHang >= 0 && cell.m_nHang <= m_nEasyHang && cell.has_state_rules()) {
-      rows_with_rules_[cell.m_nHang] = true;
-    }
-  }
-}
-
-bool CEasyTableWnd::row_needs_asking(int hang) {
-  if (rows_with_rules_.empty() || rules_noted_ != CETCell::reactions_added()) {
-    note_rows_with_rules();
-  }
-  return hang >= 0 && static_cast<std::size_t>(hang) < rows_with_rules_.size() &&
-         rows_with_rules_[hang];
+  if (lie < 1 || lie > column_count()) return nullptr;
+  return find_tool_cell(hang, OldLie(lie));
 }
 
 void CEasyTableWnd::SetCellColor(int hang, int lie, COLORREF color) {
   if (CETCell* const cell = FindCell(hang, lie)) cell->m_clrBk = color;
 }
 
-BOOL CEasyTableWnd::CreateEasyTable(CWnd* dialog, CTableWnd* table, DWORD id, int show) {
+BOOL CreateEasyTable(CWnd* dialog, CTableWnd* table, DWORD id, int show) {
   CWnd* const place = dialog ? dialog->GetDlgItem(static_cast<int>(id)) : nullptr;
   if (!place || !table) return FALSE;
   RECT rect;

@@ -24,6 +24,7 @@ int CEasyTableWnd::DealMenuCmdPaste_New() {
     for (std::size_t i = 0; i < values.size(); ++i) {
       const int lie = first_lie + static_cast<int>(i);
       if (lie > column_count()) break;
+      if (values[i] == L"---") continue;  // a blanked cell's, and would close a text cell for ever
       if (!CanEdit(hang, lie) || IsCheck(hang, lie) || IsButton(hang, lie)) continue;
       CETCell* const cell = FindCell(hang, lie);
       if (!cell || cell->m_bComb) continue;

@@ -56,7 +56,11 @@ void CEasyTableWnd::SortCell(int lie) {
   }
   std::vector<CPxNode> nodes;
   nodes.reserve(static_cast<std::size_t>(m_nEasyHang));
-  for (int hang = 1; hang <= m_nEasyHang; ++hang) nodes.push_back(sorting_node(hang, lie, kind));
+  const unsigned builds = builds_;
+  for (int hang = 1; hang <= m_nEasyHang; ++hang) {
+    nodes.push_back(sorting_node(hang, lie, kind));
+    if (builds != builds_) return;  // the owner was told of a rebar text and rebuilt the table
+  }
   if (m_bSortDown) {
     std::reverse(nodes.begin(), nodes.end());
     std::stable_sort(nodes.begin(), nodes.end(), FirstIsLarger);
@@ -69,10 +73,9 @@ void CEasyTableWnd::SortCell(int lie) {
   for (std::size_t i = 0; i < nodes.size(); ++i)
     new_row[nodes[i].m_nHang] = static_cast<int>(i) + 1;
   for (void* entry : m_arCell) {
-    int& hang = static_cast<CETCell*>(entry)->m_nHang;
+    CETNumber& hang = static_cast<CETCell*>(entry)->m_nHang;
     if (hang >= 1 && hang <= m_nEasyHang) hang = new_row[hang];
   }
-  cells_moved();
 }
 
 int CEasyTableWnd::DealTitleClicked(int lie) {

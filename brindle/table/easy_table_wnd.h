@@ -8,11 +8,11 @@
 #pragma once
 
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 #include "brindle/table/easy_table_arguments.h"
 #include "brindle/table/et_cell.h"
+#include "brindle/table/et_cell_index.h"
 #include "brindle/table/table_wnd.h"
 
 namespace brindle {
@@ -30,8 +30,6 @@ class CEasyTableWnd : public CTableWnd {
   ~CEasyTableWnd() override;
 
   // --- Building.
-  // Makes the cells. Called by InitialAllData, again and again.
-  virtual void ReSetCellData();
   // Destroys cells, reactions of the table and lists, and sets the counts to 0.
   void ClearEasyTable();
   // `liePos`: x of each column's edges, one more than columns, ended by -1; counts from 0 in a
@@ -59,15 +57,15 @@ class CEasyTableWnd : public CTableWnd {
     return add_text(hang, lie, CString(wformat(format, args...)));
   }
   virtual CETCell* add_text(int hang, int lie, const CString& text);
-  // `values`, or the same as texts, are stored in place of the index; without `texts` they are the
-  // list themselves.
-  virtual CETCell* AddInt(int hang, int lie, int* value, int count = 0, TextList texts = {},
-                          NumberList values = {}, TextList valueTexts = {}, int editable = 0);
-  // Kept for old tools; both return null.
+  // The first two are kept for old tools and return null.
   virtual CETCell* AddInt(int hang, int lie, unsigned int* value, char* count, CString* texts,
                           int* values, CString* valueTexts, int editable);
   virtual CETCell* AddInt(int hang, int lie, char* value, int* count, CString* texts, int* values,
                           CString* valueTexts, int editable);
+  // `values`, or the same as texts, are stored in place of the index; without `texts` they are the
+  // list themselves.
+  virtual CETCell* AddInt(int hang, int lie, int* value, int count = 0, TextList texts = {},
+                          NumberList values = {}, TextList valueTexts = {}, int editable = 0);
   virtual CETCell* AddShort(int hang, int lie, short* value, int count = 0, TextList texts = {},
                             NumberList values = {}, TextList valueTexts = {}, int editable = 0);
   virtual CETCell* AddFloat(int hang, int lie, float* value, const wchar_t* format = L"%.2f",
@@ -103,6 +101,13 @@ class CEasyTableWnd : public CTableWnd {
   virtual CETCell* Add_QiTi_LeiBie(int hang, int lie, int* value);
   virtual CETCell* Add_QiTi_JiBie(int hang, int lie, int* value);
   virtual CETCell* Add_ShaJiang_JiBie(int hang, int lie, int* value);
+
+  // --- The tool's part.
+  // Makes the cells. Called by InitialAllData, again and again.
+  virtual void ReSetCellData();
+  // After a change was stored; `lie` in the tool's own order.
+  virtual void AfterDataChange(int hang, int lie);
+
   // The combo box of a list; one that has the same texts, values and flag already is used again.
   // Without numbers in `values` those in `valueTexts` are stored.
   CETControl* AddOneCombo(const CStringArray& texts, const CArray<int, int>& values,
@@ -111,7 +116,6 @@ class CEasyTableWnd : public CTableWnd {
   CETControl* AddOneBmpCombo(const CArray<int, int>& bitmaps);
 
   // --- Windows.
-  // Puts `table` in the place of the item `id` of `dialog`.
   static BOOL CreateEasyTable(CWnd* dialog, CTableWnd* table, DWORD id, int show);
   // Runs this grid in a dialog; whether it ended with OK. At -1 it stands in the middle of the
   // screen; no flags are in use.
@@ -124,7 +128,8 @@ class CEasyTableWnd : public CTableWnd {
   // The cell at a displayed place; null without one, and beyond the counts. The first one added
   // wins. Takes constant time.
   CETCell* FindCell(int hang, int lie);
-  // To be called by a tool that moves a cell by hand or changes m_arCell.
+  // To be called by a tool that puts m_arCell in another order, or changes a cell's m_arReact, by
+  // hand. Cells that come, go or move are noticed by themselves.
   void cells_moved();
   void SetCellColor(int hang, int lie, COLORREF color);
   // The state by which a row, a column or the cell itself decides; `lie` in the tool's order.
@@ -132,8 +137,6 @@ class CEasyTableWnd : public CTableWnd {
 
   // --- Changes.
   void DealChangeData(int hang, int lie, CString text) override;
-  // For the tool; `lie` in its own order.
-  virtual void AfterDataChange(int hang, int lie);
   // Copies a change to the same column of all selected rows, if m_bSameLieValue asks for it.
   void SetSameLieValue(int hang, int lie);
   // 0: nothing done, 1: done, 2: the table was rebuilt. Without a cell, rules on states do nothing.
@@ -172,7 +175,9 @@ class CEasyTableWnd : public CTableWnd {
   CString GetComboText(int hang, int lie, int index) override;
   int GetComboCurSel(int hang, int lie) override;
   int DealTitleClicked(int lie) override;
-  bool row_needs_asking(int hang) override;
+  void DrawACell(CDC* dc, int hang, int lie, const CString& text) override;
+  // Runs the rules on states of these rows.
+  void ask_rows(int first, int last) override;
   void DrawTitle(CDC* dc) override;
   void DrawTextTitle(CDC* dc);
   // The title's bitmap in the order of the columns displayed.
@@ -209,27 +214,37 @@ class CEasyTableWnd : public CTableWnd {
                           const CArray<int, int>& bitmaps, int editable);
   void discard_retired();
   int column_count() const;
-  void index_cells();
-  void put_in_index(CETCell* cell);
-  void note_rows_with_rules();
+  CETCell* find_tool_cell(int hang, int tool_lie);
+  bool shows_dashes(int hang, int lie);
   void run_state_rules(CETCell* cell);
-  void set_states(const CETReact& react, int state);
+  void redraw_targets(ETCELL_REACT type, int a, int b);
+  bool set_states(const CETReact& react, int state);
   // Whether the cell is still there and nothing was rebuilt since `builds`.
   bool stands(const CETCell* cell, int hang, int lie, unsigned builds);
   CPxNode sorting_node(int hang, int lie, int kind);
   void lay_out_columns();
   int title_height();
 
-  std::unordered_map<unsigned long long, CETCell*> cell_index_;
-  INT_PTR indexed_cells_ = -1;  // cells that the index knows; -1: none
-  std::vector<bool> rows_with_rules_;
-  unsigned rules_noted_ = 0;         // CETCell::reactions_added at that time
+  CETCellIndex cell_index_;
+  CETRuleList rule_list_;
   int sorting_off_ = 0;              // rebuilds under way that leave the rows as they are
   unsigned builds_ = 0;              // counts rebuilds, for loops that may be cut short
   CArray<int, int> tool_positions_;  // column edges in the tool's order
+  // The cell that is being drawn, and its text; null while none is.
+  int drawn_hang_ = 0, drawn_lie_ = 0;
+  const CString* drawn_text_ = nullptr;
+  int own_title_height_ = 0;  // of text titles, as computed last
   // Lists of a cleared table. Their windows may be in the midst of a message, so they go later,
   // unless the rebuilt table uses them again.
   std::vector<std::unique_ptr<CETControl>> retired_;
 };
+
+// Puts `table` in the place of the item `id` of `dialog`, which goes. FALSE if there is no such
+// item.
+BOOL CreateEasyTable(CWnd* dialog, CTableWnd* table, DWORD id, int show);
+
+inline BOOL CEasyTableWnd::CreateEasyTable(CWnd* dialog, CTableWnd* table, DWORD id, int show) {
+  return brindle::CreateEasyTable(dialog, table, id, show);
+}
 
 }  // namespace brindle

@@ -10,21 +10,27 @@ namespace brindle {
 namespace {
 
 thread_local unsigned g_reactions_added = 0;
+thread_local unsigned g_place_changes = 0;
 
 }  // namespace
 
+unsigned CETNumber::changes() {
+  return g_place_changes;
+}
+
+void CETNumber::tell_change() {
+  ++g_place_changes;
+}
+
 const StateRule& CETReact::rule() const {
-  if (!m_bParsed || m_strParsed != m_strExpr) {
-    m_rule = StateRule::parse(m_strExpr);
-    m_strParsed = m_strExpr;
-    m_bParsed = true;
-  }
-  return m_rule;
+  if (!m_pRule || m_pRule->text != m_strExpr) m_pRule = StateRule::shared(m_strExpr);
+  return *m_pRule;
 }
 
 CETCell::CETCell() : m_strCheckOn(L"√"), m_strCheckOff(L"ㄨ") {}
 
 CETCell::~CETCell() {
+  CETNumber::tell_change();
   for (void* react : m_arReact) delete static_cast<CETReact*>(react);
 }
 
@@ -58,9 +64,16 @@ void CETCell::AddReact(ETCELL_REACT type, int a, int b, const wchar_t* rule) {
   static_cast<CETReact*>(m_arReact[m_arReact.GetUpperBound()])->m_strExpr = rule;
 }
 
+// An array of known room may have lost its zero.
+std::wstring_view CETCell::own_view() const {
+  if (m_bCString) return static_cast<const CString*>(m_pValue)->view();
+  const auto text = static_cast<const wchar_t*>(m_pValue);
+  return {text, m_nTextSize > 0 ? wcsnlen(text, static_cast<std::size_t>(m_nTextSize))
+                                : std::wcslen(text)};
+}
+
 CString CETCell::own_text() const {
-  return m_bCString ? *static_cast<const CString*>(m_pValue)
-                    : CString(static_cast<const wchar_t*>(m_pValue));
+  return CString(own_view());
 }
 
 void CETCell::store_text(const CString& text) {
@@ -104,15 +117,14 @@ int CETCell::rule_state(const StateRule& rule) const {
   if (!m_pValue) return -1;
   switch (m_nType) {
     case ETCK_INT:
-      return rule.state_for(*static_cast<const int*>(m_pValue), _wtoi(rule.value));
+      return rule.state_for(*static_cast<const int*>(m_pValue), rule.whole);
     case ETCK_SHORT:
-      return rule.state_for<int>(*static_cast<const short*>(m_pValue), _wtoi(rule.value));
+      return rule.state_for<int>(*static_cast<const short*>(m_pValue), rule.whole);
     case ETCK_FLOAT:
       return rule.state_for(*static_cast<const float*>(m_pValue) * m_fScale,
-                            static_cast<float>(parse_double(rule.value)));
+                            static_cast<float>(rule.number));
     case ETCK_DOUBLE:
-      return rule.state_for(*static_cast<const double*>(m_pValue) * m_fScale,
-                            parse_double(rule.value));
+      return rule.state_for(*static_cast<const double*>(m_pValue) * m_fScale, rule.number);
     case ETCK_STRING:
       // The rule's value is in capitals, the variable as it is: small letters are never equal.
       return rule.state_for_order(own_text().Compare(rule.value));
@@ -121,14 +133,14 @@ int CETCell::rule_state(const StateRule& rule) const {
   }
 }
 
-int CETCell::GetResponseReact(const StateRule& rule, const CString& text) const {
+int CETCell::GetResponseReact(const StateRule& rule) const {
   if (rule.is_well_formed) return rule_state(rule);
-  tell_error1(201, L"表达式错误 %s!\n", text);
+  tell_error1(201, L"表达式错误 %s!\n", rule.text);
   return -1;
 }
 
 int CETCell::GetResponseReact(const CString& rule) const {
-  return GetResponseReact(StateRule::parse(rule), rule);
+  return GetResponseReact(StateRule::parse(rule));
 }
 
 bool CETCell::has_state_rules() const {

@@ -2,9 +2,12 @@
 // text back into it, with limits, a display scale, a list of choices and rebar texts.
 #pragma once
 
+#include <string_view>
+
 #include "brindle/platform/base/pointer_arrays.h"
 #include "brindle/platform/graphics/gdi_types.h"
 #include "brindle/table/et_cell_control.h"
+#include "brindle/table/et_cell_place.h"
 #include "brindle/table/et_cell_react.h"
 #include "brindle/table/rebar_strings.h"
 
@@ -68,7 +71,7 @@ class CETCell {
   // The state that a rule gives to others by this cell's variable, -1 for no change. An ill-formed
   // rule is told with code 201 each time.
   int GetResponseReact(const CString& rule) const;
-  int GetResponseReact(const StateRule& rule, const CString& text) const;
+  int GetResponseReact(const StateRule& rule) const;
   // Whether a rule of the cell sets the state of others, which happens at each display.
   bool has_state_rules() const;
   // Counts the reactions added to any cell.
@@ -79,7 +82,7 @@ class CETCell {
   int m_nReserved = 2;
   int m_bMutiLine = 0;               // the text wraps
   CWnd* m_pOwner = nullptr;          // owner of the grid, refreshed before each display
-  int m_nHang = 0, m_nLie = 0;       // m_nLie counts in the tool's own order of columns
+  CETNumber m_nHang, m_nLie;         // m_nLie counts in the tool's own order of columns
   CETControl* m_pControl = nullptr;  // the grid's
   int m_nType = ETCK_TEXT;
   int m_bButton = 0, m_nButtonID = 0;
@@ -110,6 +113,7 @@ class CETCell {
 
  private:
   bool is_rebar_text() const;
+  std::wstring_view own_view() const;
   CString own_text() const;
   void store_text(const CString& text);
   double own_number() const;
@@ -118,6 +122,7 @@ class CETCell {
   CString plain_text();
   CString list_text();
   CString rebar_text();
+  double number_of_item(int index) const;
   int item_of_variable() const;
   void store_item(int index);
   void store_rebar(const CString& text);

@@ -1,5 +1,8 @@
 #include "brindle/table/et_cell_control.h"
 
+#include <algorithm>
+
+#include "brindle/platform/base/convert.h"
 #include "brindle/table/tab_combo.h"
 #include "brindle/table/table_bitmaps.h"
 #include "brindle/table/table_wnd.h"
@@ -37,6 +40,15 @@ void CETControl::CreateCombo(CTableWnd* parent) {
   }
   m_pCombo->SetFont(&parent->m_hFont);
   m_pParent = parent;
+}
+
+bool CETControl::proposes_numbers() const {
+  return m_bEditable && !has_values() &&
+         std::all_of(m_arText.begin(), m_arText.end(), [](const CString& text) {
+           const wchar_t* end = nullptr;
+           parse_double(text, &end);
+           return end != text.GetString() && *end == 0;
+         });
 }
 
 int CETControl::find_text(const CString& text) const {

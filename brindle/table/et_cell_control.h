@@ -32,6 +32,9 @@ class CETControl {
   bool is_closed_list() const {
     return m_nKind == kTextList && !m_bEditable && !m_arText.IsEmpty();
   }
+  // Whether the box takes other texts and its items are numbers without values: numbers for
+  // an integer, not its index.
+  bool proposes_numbers() const;
   // Index of an item, -1 if there is none.
   int find_text(const CString& text) const;
   // What is stored for an item: its value, or its text when it has none.

@@ -75,6 +75,13 @@ CString CETCell::rebar_text() {
   return shown;
 }
 
+// A list's item as it would be displayed once it was stored.
+double CETCell::number_of_item(int index) const {
+  const double scale = m_fScale == 0 ? 1.0 : m_fScale;
+  const double stored = parse_double(m_pControl->stored_text(index)) / scale;
+  return m_nType == ETCK_FLOAT ? static_cast<float>(stored) * m_fScale : stored * m_fScale;
+}
+
 // Index of the list's item that the variable stands for, -1 if there is none.
 int CETCell::item_of_variable() const {
   const CETControl& list = *m_pControl;
@@ -83,7 +90,7 @@ int CETCell::item_of_variable() const {
     case ETCK_INT:
     case ETCK_SHORT: {
       const int value = static_cast<int>(own_number());
-      if (!list.has_values()) return list.m_bEditable ? -1 : std::clamp(value, 0, count - 1);
+      if (!list.has_values()) return list.proposes_numbers() ? -1 : std::clamp(value, 0, count - 1);
       for (int i = 0; i < count; ++i) {
         if (_wtoi(list.stored_text(i)) == value) return i;
       }
@@ -93,14 +100,14 @@ int CETCell::item_of_variable() const {
     case ETCK_DOUBLE: {
       const CString shown = number_text(own_number());
       for (int i = 0; i < count; ++i) {
-        if (number_text(parse_double(list.stored_text(i))) == shown) return i;
+        if (number_text(number_of_item(i)) == shown) return i;
       }
       return -1;
     }
     case ETCK_STRING: {
-      const CString value = own_text();
+      const std::wstring_view value = own_view();
       for (int i = 0; i < count; ++i) {
-        if (list.stored_text(i) == value) return i;
+        if (list.stored_text(i).view() == value) return i;
       }
       return -1;
     }
@@ -122,12 +129,14 @@ CString CETCell::list_text() {
 CString CETCell::GetDispString() {
   if (!m_pValue) return m_nType == ETCK_TEXT ? m_strFormat : CString();
   if (m_nState == ETCS_NONE) return L"---";
+  // Telling the owner of a rebar text may rebuild the table, and this cell is no more.
+  const int* const flag = m_pModFlag;
   const bool has_list = m_nType != ETCK_CHECK && m_pControl &&
                         m_pControl->m_nKind == CETControl::kTextList &&
                         !m_pControl->m_arText.IsEmpty();
   // A variable that nobody has given a value shows blank, though it may be put right.
   const CString text = has_list ? list_text() : plain_text();
-  return m_pModFlag && *m_pModFlag == 0 ? CString() : text;
+  return flag && *flag == 0 ? CString() : text;
 }
 
 }  // namespace brindle

@@ -96,7 +96,9 @@ int CETCell::DealChangeData(const CString& text) {
   if (!m_pValue) return 0;
   const CETControl* list = m_nType == ETCK_CHECK ? nullptr : m_pControl;
   const int item = list && list->m_nKind == CETControl::kTextList ? list->find_text(text) : -1;
-  if (item >= 0 && (list->is_closed_list() || list->has_values())) {
+  const bool is_integer = m_nType == ETCK_INT || m_nType == ETCK_SHORT;
+  if (item >= 0 &&
+      (list->is_closed_list() || list->has_values() || (is_integer && !list->proposes_numbers()))) {
     store_item(item);
   } else if (!list || !list->is_closed_list()) {
     store_typed(text);

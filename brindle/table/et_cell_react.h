@@ -1,6 +1,8 @@
 // CETReact: what a change of a cell does beyond the cell.
 #pragma once
 
+#include <memory>
+
 #include "brindle/table/rule_expression.h"
 
 namespace brindle {
@@ -21,7 +23,7 @@ class CETReact {
  public:
   // Whether the reaction is a rule on states, which runs at each display as well.
   bool is_state_rule() const { return m_nType >= ETCR_HANG_STATE && m_nType <= ETCR_CELL_STATE; }
-  // m_strExpr taken apart, once for each text that it holds.
+  // m_strExpr taken apart. Reactions with the same text share the rule.
   const StateRule& rule() const;
 
   ETCELL_REACT m_nType = ETCR_NONE;
@@ -29,9 +31,7 @@ class CETReact {
   CString m_strExpr;                                // the rule
 
  private:
-  mutable bool m_bParsed = false;
-  mutable CString m_strParsed;
-  mutable StateRule m_rule;
+  mutable std::shared_ptr<const StateRule> m_pRule;
 };
 
 }  // namespace brindle

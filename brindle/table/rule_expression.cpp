@@ -1,6 +1,7 @@
 #include "brindle/table/rule_expression.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "brindle/frame/utility/scanner.h"
 #include "brindle/platform/base/convert.h"
@@ -45,13 +46,24 @@ StateRule StateRule::parse(const CString& text) {
   upper.MakeUpper();
   CString variable, operation, question, if_true, colon, if_false;
   StateRule rule;
+  rule.text = text;
   JSVsscanf::vsscanf(upper, L"%s,%s,%s,%s,%s,%s,%s", variable, operation, rule.value, question,
                      if_true, colon, if_false);
   rule.is_well_formed = variable == L"V" && question == L"?";
   if (!rule.is_well_formed) return rule;
   rule.operation = operator_of_word(operation);
+  rule.whole = _wtoi(rule.value);
+  rule.number = parse_double(rule.value);
   rule.true_state = state_of_word(if_true);
   if (colon == L":") rule.false_state = state_of_word(if_false);
+  return rule;
+}
+
+std::shared_ptr<const StateRule> StateRule::shared(const CString& text) {
+  constexpr std::size_t kKept = 64;
+  thread_local std::shared_ptr<const StateRule> kept[kKept];
+  auto& rule = kept[std::hash<std::wstring_view>()(text.view()) % kKept];
+  if (!rule || rule->text != text) rule = std::make_shared<const StateRule>(parse(text));
   return rule;
 }
 

@@ -8,6 +8,8 @@
 // -1.
 #pragma once
 
+#include <memory>
+
 #include "brindle/platform/base/string.h"
 
 namespace brindle {
@@ -25,6 +27,8 @@ struct StateRule {
   enum class Operator { kUnknown, kEqual, kUnequal, kGreater, kLess, kAtLeast, kAtMost };
 
   static StateRule parse(const CString& text);
+  // The same, made once for a text as long as few others are asked for.
+  static std::shared_ptr<const StateRule> shared(const CString& text);
 
   // The state for a comparison of the cell's value with `value`: negative, zero, positive, as
   // CString::Compare gives it. -1 means no change.
@@ -36,9 +40,12 @@ struct StateRule {
     return state_for_order(own < other ? -1 : own > other ? 1 : 0);
   }
 
+  CString text;                 // as given
   bool is_well_formed = false;  // begins with V and has its question mark
   Operator operation = Operator::kUnknown;
   CString value;  // in capitals
+  int whole = 0;  // value as a whole number, and as a number
+  double number = 0;
   int true_state = -1;
   int false_state = -1;
 

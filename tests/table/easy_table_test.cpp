@@ -96,31 +96,63 @@ TEST(EasyTable, LaysColumnsOut) {
   }
 }
 
+// Whatever a tool does to its cells, also by hand and also to another grid's.
 TEST(EasyTable, FindsCellsAsAWalkDoes) {
   std::mt19937 random(7);
-  std::vector<int> values(2000);
-  static const int order[] = {4, 2, 6, 1, -1};
+  const auto any = [&](int count) { return static_cast<int>(random() % count); };
+  static int values[400];
+  static const int order[] = {4, 2, 6, 1, -1}, turned[] = {1, 4, 5, -1}, as_added[] = {-1};
   Grid grid([&](Grid& g) {
-    g.ReSetLieXu(order);
     const int edges[] = {0, 10, 20, 30, 40, 50, 60, -1};
-    g.IniEasyTable(60, 0, edges, nullptr);
+    g.IniEasyTable(30, 0, edges, nullptr);
     // Doubled, missing, and out of range.
-    for (int& value : values) g.AddInt(random() % 70, random() % 9, &value);
+    for (int& value : values) g.AddInt(any(35) - 1, any(9), &value);
   });
   const auto walk = [&](int hang, int lie) -> CETCell* {
-    if (hang < 0 || hang > 60 || lie < 1 || lie > 4) return nullptr;
+    const int columns = grid.m_arLieXu.IsEmpty() ? 6 : static_cast<int>(grid.m_arLieXu.GetSize());
+    if (hang < 0 || hang > grid.m_nEasyHang || lie < 1 || lie > columns) return nullptr;
     for (void* entry : grid.m_arCell) {
       CETCell* const cell = static_cast<CETCell*>(entry);
       if (cell->m_nHang == hang && cell->m_nLie == grid.OldLie(lie)) return cell;
     }
     return nullptr;
   };
-  for (int round = 0; round < 2; ++round) {
-    for (int hang = -1; hang <= 71; ++hang) {
-      for (int lie = -1; lie <= 9; ++lie) ASSERT_EQ(grid.FindCell(hang, lie), walk(hang, lie));
+  const auto some_cell = [&] {
+    return static_cast<CETCell*>(grid.m_arCell[any(static_cast<int>(grid.m_arCell.GetSize()))]);
+  };
+  const std::function<void()> changes[] = {
+      [&] { some_cell()->m_nHang = any(35); },
+      [&] { some_cell()->m_nLie += any(3) - 1; },
+      [&] {
+        for (int i = 0; i < 20; ++i) grid.AddInt(any(35), any(9), values);
+      },
+      [&] {
+        const INT_PTR at = any(static_cast<int>(grid.m_arCell.GetSize()));
+        delete static_cast<CETCell*>(grid.m_arCell[at]);
+        grid.m_arCell.RemoveAt(at);
+      },
+      [&] {
+        const int at = any(100);
+        delete static_cast<CETCell*>(grid.m_arCell[at]);
+        CETCell* const cell = new CETCell;
+        grid.m_arCell[at] = cell;
+        cell->m_nHang = any(35);
+        cell->m_nLie = any(9);
+      },
+      [&] {
+        grid.ReSetLieXu(any(2) ? order : any(2) ? turned : as_added);
+      },
+      [&] { grid.m_nEasyHang = 20 + any(15); },
+      [&] { grid.SortCell(any(6)); },
+      [&] { Grid([&](Grid& other) { other.AddInt(1, 1, values); }); },
+  };
+  for (int step = 0; step < 150; ++step) {
+    for (int hang = -1; hang <= 36; ++hang) {
+      for (int lie = -1; lie <= 9; ++lie) {
+        ASSERT_EQ(grid.FindCell(hang, lie), walk(hang, lie)) << "step " << step;
+      }
     }
-    grid.AddInt(59, 2, &values[0]);
-    grid.SortCell(1);
+    changes[any(std::size(changes))]();
   }
 }
 
@@ -167,8 +199,6 @@ TEST(EasyTable, RulesRunAtEachDisplay) {
     cell->AddReact(ETCR_HANG_STATE, 2, 0, L"V,==,5,?,N");
     cell->AddReact(ETCR_CELL_STATE, 3, 4, L"V,<,0,?,G,:,E");
   });
-  EXPECT_TRUE(grid.row_needs_asking(1));
-  EXPECT_FALSE(grid.row_needs_asking(2));
   numbers.at(1, 2) = -1;  // behind the grid's back
   grid.GetHangLieString(1, 2);
   for (int hang = 1; hang <= 3; ++hang) EXPECT_FALSE(grid.CanEdit(hang, 3));
@@ -178,6 +208,44 @@ TEST(EasyTable, RulesRunAtEachDisplay) {
   EXPECT_TRUE(grid.CanEdit(1, 3));
   grid.DealChangeData(1, 2, L"6");  // without ":" others stay as they are
   EXPECT_EQ(grid.GetHangLieString(2, 4), L"---");
+}
+
+// Rows out of sight are asked for no text, yet their rules act as if they were.
+TEST(EasyTable, RulesOutOfSightActAsThoseInSight) {
+  std::mt19937 random(3);
+  const auto any = [&](int count) { return static_cast<int>(random() % count); };
+  static const int orders[][7] = {{-1}, {4, 2, 5, -1}, {5, 4, 3, 2, 1, -1}};
+  const wchar_t* const rules[] = {L"V,>,500,?,G,:,E", L"V,<,900,?,N,:,G", L"V,!=,402,?,E"};
+  for (int round = 0; round < 30; ++round) {
+    Numbers numbers(12, 5);
+    const unsigned seed = random();
+    const auto build = [&](Grid& g) {
+      random.seed(seed);
+      g.ReSetLieXu(orders[round % 3]);
+      numbers.build(g);
+      g.AddInt(3, 2, &numbers.at(9, 2));  // a second one at a place has no say
+      for (int k = 0; k < 15; ++k) {
+        CETCell* const cell = static_cast<CETCell*>(g.m_arCell[any(61)]);
+        cell->AddReact(ETCELL_REACT(6 + any(3)), 1 + any(12), 1 + any(5), rules[any(3)]);
+      }
+    };
+    Grid shown(build), hidden(build);
+    for (int step = 0; step < 3; ++step) {
+      for (int hang = 3; hang <= 11; ++hang) {
+        for (int lie = 1; lie <= shown.GetLieCount(); ++lie) shown.GetHangLieString(hang, lie);
+      }
+      hidden.ask_rows(3, 11);
+      for (INT_PTR i = 0; i < shown.m_arCell.GetSize(); ++i) {
+        ASSERT_EQ(static_cast<CETCell*>(shown.m_arCell[i])->m_nState,
+                  static_cast<CETCell*>(hidden.m_arCell[i])->m_nState);
+      }
+      numbers.at(1 + any(12), 1 + any(5)) = any(1000);
+      for (Grid* g : {&shown, &hidden}) {
+        static_cast<CETCell*>(g->m_arCell[step])->AddReact(ETCR_HANG_STATE, 5, 0, rules[0]);
+        static_cast<CETCell*>(g->m_arCell[step + 20])->m_nHang = 4;
+      }
+    }
+  }
 }
 
 // Reactions of the table come first; a rebuild ends all, wherever it comes from.
