@@ -5,6 +5,7 @@
 #include "brindle/platform/window/combo_box.h"
 #include "brindle/platform/window/message_loop.h"
 #include "brindle/platform/window/window_input.h"
+#include "brindle/platform/window/window_picture.h"
 #include "brindle/table/dlg_tab_input.h"
 #include "brindle/table/easy_table_wnd.h"
 #include "brindle/table/table_messages.h"
@@ -108,6 +109,102 @@ TEST(EasyTableWindow, TypingReachesTheVariableAndTheOwner) {
   EXPECT_EQ(grid.note[1], L"pasted");
 }
 
+// Reads what begins with R; otherwise gives it an R.
+class Bars : public CGangJinBase {
+ public:
+  Bars() { SetGangJinObj(this); }
+  ~Bars() override { SetGangJinObj(nullptr); }
+  int FromString_KnowReinID(CString& text) override {
+    text_ = text;
+    return text.Left(1) == L"R" ? 1 : -1;
+  }
+  int FromString(CString& text) override { return text_ = L"R" + text, 1; }
+  CString ToString(int) override { return text_; }
+
+ private:
+  CString text_;
+};
+
+class Boxes : public RecordedMessages {
+ public:
+  std::function<void()> on_box;
+  void message_box(MessageGrade, int, const wchar_t*) override { on_box(); }
+};
+
+// Column 2: a rebar text, whose owner is told when it is put right; 3: a bad rule, which opens a
+// box; 4: a message to the owner; 5: a change that the tool answers. Each of them rebuilds the
+// table.
+class Restless : public CEasyTableWnd {
+ public:
+  ~Restless() override { DestroyWindow(); }
+  void ReSetCellData() override {
+    ClearEasyTable();
+    ++rebuilds;
+    const int edges[] = {0, 30, 60, 90, 120, 150, -1};
+    IniEasyTable(4, 0, edges, nullptr);
+    for (int hang = 1; hang <= 4; ++hang) {
+      CString* const row = texts[hang - 1];
+      AddText(hang, 1, L"%d", hang);
+      CETCell* const rebar = AddCString(hang, 2, &row[0]);
+      rebar->m_nGangJinKind = 1;
+      rebar->SetModFlag(&flag);
+      AddCString(hang, 3, &row[1])->AddReact(ETCR_CELL_STATE, 1, 4, L"V is wrong");
+      AddCString(hang, 4, &row[2])->AddReact(ETCR_MESSAGE, WM_APP + 1);
+      AddCString(hang, 5, &row[3]);
+    }
+  }
+  void AfterDataChange(int, int lie) override {
+    if (lie == 5) rebuild();
+  }
+  void rebuild() {
+    if (inside_) return;
+    inside_ = true;
+    UpdateTable();
+    inside_ = false;
+  }
+  CString texts[4][4];
+  int flag = 1, rebuilds = 0;
+
+ private:
+  bool inside_ = false;
+};
+
+TEST(EasyTableWindow, RebuildingFromWithinLeavesNothingDangling) {
+  const Bars bars;
+  Boxes user;
+  user.set_clipboard_text(L"a\tb\tc\td\r\ne\tf\tg\th\r\n");
+  const std::pair<const char*, std::function<void(Restless&)>> actions[] = {
+      {"paint", [](Restless& g) { g.Invalidate(), update_windows(g); }},
+      {"text", [](Restless& g) { EXPECT_EQ(g.GetHangLieString(1, 2), L"Rx"); }},
+      {"permission", [](Restless& g) { EXPECT_TRUE(g.CanEdit(2, 2) && g.CanEdit(2, 3)); }},
+      {"rows out of sight", [](Restless& g) { g.ask_rows(1, 4); }},
+      {"sort", [](Restless& g) { g.SortCell(2); }},
+      {"rule", [](Restless& g) { g.DealChangeData(3, 3, L"y"); }},
+      {"message", [](Restless& g) { g.DealChangeData(3, 4, L"y"); }},
+      {"tool", [](Restless& g) { g.DealChangeData(3, 5, L"y"); }},
+      {"paste", [](Restless& g) { g.m_nCurLie = 2, g.DealMenuCmdPaste_New(); }},
+      {"title", [](Restless& g) { g.m_bSort = 1, g.DealTitleClicked(2); }},
+      {"travel", [](Restless& g) { g.MoveEdit(1, 2), route_key_press(g, VK_TAB); }},
+  };
+  for (const auto& [name, act] : actions) {
+    SCOPED_TRACE(name);
+    Owner owner;
+    Restless grid;
+    ASSERT_TRUE(grid.Create(CRect(0, 0, 150, 60), &owner, 5));
+    grid.ShowWindow(SW_SHOW);
+    user.on_box = [&] { grid.rebuild(); };
+    for (UINT message : {0x1610u, WM_APP + 1u}) {
+      owner.on_message(message, [&](WPARAM, LPARAM) { return grid.rebuild(), 0; });
+    }
+    for (auto& row : grid.texts) row[0] = L"x";
+    const int before = grid.rebuilds;
+    act(grid);
+    EXPECT_GT(grid.rebuilds, before);
+    for (int hang = 1; hang <= 4; ++hang) EXPECT_EQ(grid.GetHangLieString(hang, 2).Left(1), L"R");
+    user.on_box = [] {};
+  }
+}
+
 TEST(EasyTableWindow, RunsAsADialog) {
   Grid grid;
   EXPECT_FALSE(grid.DoInput(L"sizes"));  // nobody to say OK
@@ -125,8 +222,8 @@ TEST(EasyTableWindow, TakesThePlaceOfAControl) {
   CWnd place;
   place.Create(nullptr, L"", WS_CHILD | WS_VISIBLE, CRect(10, 20, 200, 90), &owner, 42);
   Grid grid;
-  EXPECT_FALSE(CEasyTableWnd::CreateEasyTable(&owner, &grid, 43, SW_SHOW));
-  ASSERT_TRUE(CEasyTableWnd::CreateEasyTable(&owner, &grid, 42, SW_SHOW));
+  EXPECT_FALSE(CreateEasyTable(&owner, &grid, 43, SW_SHOW));
+  ASSERT_TRUE(CreateEasyTable(&owner, &grid, 42, SW_SHOW));
   EXPECT_EQ(owner.GetDlgItem(42), &grid);
   CRect rect;
   grid.GetWindowRect(&rect);
