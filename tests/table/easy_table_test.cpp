@@ -96,6 +96,31 @@ TEST(EasyTable, LaysColumnsOut) {
   }
 }
 
+TEST(EasyTable, TitleBandFollowsItsTitlesUnlessTheToolSetsIt) {
+  CString title = L"a\nb";
+  bool found = false;
+  int value = 7;
+  Grid grid([&](Grid& g) {
+    const int edges[] = {0, 30, 60, -1}, shown[] = {1, -1};
+    g.ReSetLieXu(shown);
+    const CString titles[] = {title, title};
+    g.IniEasyTable(1, 0, edges, titles);
+    g.AddInt(1, 2, &value)->SetState(ETCS_GRAY);
+    if (!g.m_arDragLie.IsEmpty()) g.ReSetLieXu(nullptr), found = g.FindCell(1, 2) != nullptr;
+  });
+  EXPECT_EQ(grid.m_nTitleHeight, 2 * 16 + 4);
+  EXPECT_EQ(grid.GetSetedCellState(1, 2), ETCS_GRAY);  // column 2 isn't shown
+  title = L"a";
+  grid.InitialAllData();
+  EXPECT_EQ(grid.m_nTitleHeight, 16 + 4);
+  grid.m_nTitleHeight = 50;
+  for (int boundary : {0, 1, 2}) grid.m_arDragLie.Add(boundary);
+  grid.m_arLieWidth.RemoveAll();
+  grid.InitialAllData();
+  EXPECT_EQ(grid.m_nTitleHeight, 50);
+  EXPECT_TRUE(found);
+}
+
 // Whatever a tool does to its cells, also by hand and also to another grid's.
 TEST(EasyTable, FindsCellsAsAWalkDoes) {
   std::mt19937 random(7);
@@ -370,6 +395,12 @@ TEST(EasyTable, PastesIntoWhatTakesIt) {
   EXPECT_EQ(grid.rebuilds, 1);
   const std::vector<std::pair<int, int>> changed = {{2, 2}, {2, 4}, {2, 7}, {3, 2}, {3, 4}};
   EXPECT_EQ(grid.changed, changed);
+
+  // A blanked cell's sign doesn't close a text cell for ever.
+  user.set_clipboard_text(L"---\t\t---");
+  grid.DealMenuCmdPaste_New();
+  EXPECT_EQ(numbers[1], 0);
+  EXPECT_STREQ(names[1], L"x\ty");
 
   EXPECT_EQ(grid.SetCheck(1, 6), 1);
   EXPECT_EQ(checks[0], 1);

@@ -134,6 +134,8 @@ TEST(Cells, TextNeverOverrunsItsArray) {
   cell.DealChangeData(L"12345");
   EXPECT_STREQ(buffer, L"123");
   EXPECT_EQ(buffer[4], L'!');
+  buffer[3] = L'd';  // the tool's text fills its array
+  EXPECT_EQ(cell.GetDispString(), L"123d");
 }
 
 TEST(Cells, CheckShowsItsTexts) {
@@ -173,6 +175,19 @@ TEST(Lists, ShowTheTextOfTheValueAndPutTheVariableRight) {
     EXPECT_EQ(number, stored);
     EXPECT_EQ(cell.GetDispString(), shown);
   }
+  // Without values an open list of texts stores their indexes, one of numbers proposes these.
+  CETControl words, numbers;
+  number = 1;
+  give_list(cell, words, {L"left", L"right"}, {}, 1);
+  EXPECT_EQ(cell.GetDispString(), L"right");
+  cell.DealChangeData(L"left");
+  EXPECT_EQ(number, 0);
+  give_list(cell, numbers, {L"10", L"20"}, {}, 1);
+  for (auto [typed, stored] : {std::pair(L"20", 20), {L"15", 15}}) {
+    cell.DealChangeData(typed);
+    EXPECT_EQ(number, stored);
+    EXPECT_EQ(cell.GetDispString(), typed);
+  }
 }
 
 TEST(Lists, CompareRealNumbersAsTheyAreShown) {
@@ -186,6 +201,14 @@ TEST(Lists, CompareRealNumbersAsTheyAreShown) {
   value = 3;
   EXPECT_EQ(cell.GetDispString(), L"1");
   EXPECT_EQ(value, 1);
+  CETControl fine;  // to more digits than a float has
+  cell.m_strFormat = L"%.9f";
+  cell.SetScale(1000);
+  give_list(cell, fine, {L"0.1", L"0.3", L"0.7"});
+  for (const wchar_t* chosen : {L"0.3", L"0.7"}) {
+    cell.DealChangeData(chosen);
+    EXPECT_EQ(cell.GetDispString(), chosen);
+  }
 
   CETControl names;
   CString text = L"nobody";
