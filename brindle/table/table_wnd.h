@@ -25,6 +25,8 @@ namespace brindle {
 class CTableWnd : public CWnd {
  public:
   CTableWnd();
+  // A derived class calls DestroyWindow in its own destructor: here nobody is left to take what was
+  // typed.
   ~CTableWnd() override;
 
   // Number of columns.
