@@ -12,7 +12,7 @@ namespace brindle {
 namespace {
 
 constexpr UINT kEditId = 1;
-constexpr int kEditSize = 40;  // until it first goes to a cell
+constexpr int kEditSize = 40;           // until it first goes to a cell
 constexpr wchar_t kNoValue[] = L"---";  // the text of a cell that has none and can't be edited
 
 }  // namespace
