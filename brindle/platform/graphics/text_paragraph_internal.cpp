@@ -34,6 +34,10 @@ bool is_full_width(wchar_t code) {
   return code >= 0x2e80;
 }
 
+// Marks that may not begin a line of Chinese, and those that may not end one.
+constexpr std::wstring_view kBeginNoLine = L"，。、；：！？）］｝》〉」』】〕’”…～";
+constexpr std::wstring_view kEndNoLine = L"（［｛《〈「『【〔‘“";
+
 bool is_blank(wchar_t code) {
   return code == L' ' || code == L'\t';
 }
@@ -107,6 +111,8 @@ class LineBreaker {
     if (is_blank(before)) return false;
     if (is_blank(after)) return true;
     if ((rules_.format & DT_NOFULLWIDTHCHARBREAK) != 0) return false;
+    if (kEndNoLine.find(before) != std::wstring_view::npos) return false;
+    if (kBeginNoLine.find(after) != std::wstring_view::npos) return false;
     return is_full_width(before) || is_full_width(after);
   }
 

@@ -55,6 +55,7 @@ TEST_F(TextTest, SetsTextInABox) {
       {L"one two three", DT_WORDBREAK, {0, 0, 75, 100}, 40, L"0,0 one two|0,20 three"},
       {L"longest of", DT_WORDBREAK, {0, 0, 45, 100}, 40, L"0,0 longest clipped|0,20 of"},
       {L"longest", DT_WORDBREAK | DT_EDITCONTROL, {0, 0, 45, 100}, 40, L"0,0 long|0,20 est"},
+      {L"钢筋、混“凝", DT_WORDBREAK, {0, 0, 45, 100}, 80, L"0,0 钢|0,20 筋、|0,40 混|0,60 “凝"},
       {L"钢筋 ab混凝土", DT_WORDBREAK, {0, 0, 72, 100}, 40, L"0,0 钢筋 ab|0,20 混凝土"},
       {L"too long", kLine, {0, 0, 45, 20}, 20, L"0,0 too long clipped"},
       {L"too long", kLine | DT_NOCLIP, {0, 0, 45, 20}, 20, L"0,0 too long"},
