@@ -61,13 +61,21 @@ inline int save(DXF& dxf, bool ac1015, const std::string& path) {
                 : dxf.Write_MemDxf_To_File(wide(path).c_str(), 1);
 }
 
+template <class Item>
+std::vector<Item*> items_of(const CPtrList& list) {
+  std::vector<Item*> items;
+  for (POSITION at = list.GetHeadPosition(); at != nullptr;) {
+    items.push_back(static_cast<Item*>(list.GetNext(at)));
+  }
+  return items;
+}
+
 // The entities of a list, in order, as one kind.
 template <class Entity = Varnholt::ACAD_ENTITY>
 std::vector<Entity*> all_of(const CPtrList& list) {
   std::vector<Entity*> entities;
-  for (POSITION at = list.GetHeadPosition(); at != nullptr;) {
-    auto* entity = dynamic_cast<Entity*>(static_cast<Varnholt::ACAD_ENTITY*>(list.GetNext(at)));
-    if (entity != nullptr) entities.push_back(entity);
+  for (Varnholt::ACAD_ENTITY* item : items_of<Varnholt::ACAD_ENTITY>(list)) {
+    if (auto* entity = dynamic_cast<Entity*>(item)) entities.push_back(entity);
   }
   return entities;
 }

@@ -27,14 +27,6 @@ ACAD_HATCH* add(DXF& dxf, double size, const wchar_t* file, const wchar_t* name,
                          file, name, scale, angle, solid, false, 1, L"0", L"1");
 }
 
-std::vector<HATCH_PATTERN_DATA*> families_of(const ACAD_HATCH& hatch) {
-  std::vector<HATCH_PATTERN_DATA*> families;
-  for (POSITION at = hatch.m_Patterns.GetHeadPosition(); at != nullptr;) {
-    families.push_back(static_cast<HATCH_PATTERN_DATA*>(hatch.m_Patterns.GetNext(at)));
-  }
-  return families;
-}
-
 // --- file form
 
 // A path of each form, an edge of each kind, a family of lines, an extended record.
@@ -47,9 +39,9 @@ TEST(Hatches, FileForms) {
   EXPECT_EQ(hatch.numBoundary(), 2);
   EXPECT_EQ(hatch.patLines(), 1);
   // The way to the next line stands in the drawing's axes in a file, along the lines in the model.
-  ASSERT_EQ(families_of(hatch).size(), 1u);
-  expect_near({families_of(hatch)[0]->m_dOffsetX, families_of(hatch)[0]->m_dOffsetY}, {4, 3},
-              1e-12);
+  const auto families = items_of<HATCH_PATTERN_DATA>(hatch.m_Patterns);
+  ASSERT_EQ(families.size(), 1u);
+  expect_near({families[0]->m_dOffsetX, families[0]->m_dOffsetY}, {4, 3}, 1e-12);
   const TemporaryFolder folder;
   for (bool modern : {false, true}) {
     ACAD_HATCH copy(hatch);
@@ -202,7 +194,8 @@ TEST(Hatches, PatternFiles) {
                {2, 1, -1, -1, 0, 1, 1});
   DXF dxf;
   dxf.New_MemDxf();
-  const auto families = families_of(*add(dxf, 10, path.c_str(), L"A", false, 2, 90));
+  const auto families =
+      items_of<HATCH_PATTERN_DATA>(add(dxf, 10, path.c_str(), L"A", false, 2, 90)->m_Patterns);
   ASSERT_EQ(families.size(), 2u);
   const HATCH_PATTERN_DATA& first = *families[0];
   expect_near({first.m_dAngle, first.m_dBaseX, first.m_dBaseY, first.m_dOffsetX}, {135, -4, 2, 6},

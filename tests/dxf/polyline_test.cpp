@@ -16,11 +16,7 @@ constexpr double kPi = 3.14159265358979323846;
 using Vertex = ACAD_POLYLINE::ACAD_VERTEX;
 
 std::vector<Vertex*> vertices_of(const ACAD_POLYLINE& line) {
-  std::vector<Vertex*> vertices;
-  for (POSITION at = line.m_Vertices.GetHeadPosition(); at != nullptr;) {
-    vertices.push_back(static_cast<Vertex*>(line.m_Vertices.GetNext(at)));
-  }
-  return vertices;
+  return items_of<Vertex>(line.m_Vertices);
 }
 
 ACAD_POLYLINE* add(DXF& dxf, int flags, const std::vector<std::array<double, 3>>& points,

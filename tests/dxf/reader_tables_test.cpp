@@ -146,11 +146,8 @@ TEST(TableReader, EachDimensionStyleIsWrittenWithTheHandleOfItsTextStyle) {
     drawing.Add_DimStyle(name, 0, 1, 1, 1, 1, 0, L"STANDARD", 3, L"", 1, 1, 1, 7);
   }
   ASSERT_EQ(save(drawing, false, first), 1);
-  DXF read;
-  read.New_MemDxf();
-  ASSERT_EQ(read.Read_FileDxf_To_Mem(wide(first).c_str()), 1);
-  for (int i = 0; i < read.m_nNumDimStyle; ++i) EXPECT_EQ(read.m_pDimStyle[i].m_pDxf, &read);
-  ASSERT_EQ(save(read, false, second), 1);
+  ReadDrawing read(bytes_of(first));
+  ASSERT_EQ(save(read.dxf, false, second), 1);
   const std::string text = text_of(second);
   int handles = 0;
   for (std::size_t at = 0; (at = text.find("\n340\n", at)) != std::string::npos; ++at) ++handles;

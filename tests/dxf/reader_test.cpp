@@ -189,8 +189,7 @@ TEST(Reader, Blocks) {
     SCOPED_TRACE(c.what);
     const ReadDrawing read(kTables + c.section + entities(kLine));
     std::wstring found;
-    for (POSITION at = read.dxf.m_Blocks.GetHeadPosition(); at != nullptr;) {
-      const auto* b = static_cast<const ACAD_BLOCK*>(read.dxf.m_Blocks.GetNext(at));
+    for (const ACAD_BLOCK* b : items_of<ACAD_BLOCK>(read.dxf.m_Blocks)) {
       found += std::wstring(b->m_szName) + L" " + std::to_wstring(b->m_Entities.GetCount()) + L",";
       EXPECT_TRUE(b->m_nFlags != 64 || (b->m_szLayer == L"A" && b->x == 1 && b->z == 3));
     }

@@ -272,6 +272,7 @@ TEST(FieldFile, SurvivesWhatItIsNot) {
   const Case cases[] = {{"nothing", "", 0, 0, 1},
                         {"a line end", "\n", 0, 0, 0},
                         {"counts that lie", "2147483647,2147483647\n1,2\n", 1, 0, 1},
+                        {"negative counts", "-3,-1\n1,2,3\n", 0, 0, 1},
                         {"short lines", "2,1\n1\n1,2,5\n9\n", 2, 1, 0},
                         {"a cut last row", "1,2\n1,2,3\n1,1,1\n1,", 1, 2, 0},
                         {"a row missing", "1,2\n1,2,3\n1,1,1\n", 1, 1, 1},
