@@ -147,6 +147,7 @@ TEST(TableReader, EachDimensionStyleIsWrittenWithTheHandleOfItsTextStyle) {
   }
   ASSERT_EQ(save(drawing, false, first), 1);
   ReadDrawing read(bytes_of(first));
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(read.dxf.m_pDimStyle[i].m_pDxf, &read.dxf);
   ASSERT_EQ(save(read.dxf, false, second), 1);
   const std::string text = text_of(second);
   int handles = 0;
