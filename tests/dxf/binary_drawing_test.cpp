@@ -114,6 +114,15 @@ TEST(BinaryDrawing, OtherFiles) {
   EXPECT_EQ(LoadDxb(&dxf, path.c_str(), 1), 0);
   EXPECT_EQ(take(user), std::vector<std::wstring>{L"301 DXB文件标志错误 !"});
   EXPECT_GT(dxf.m_Entities.GetCount(), 10);  // is as it was
+  // Cut anywhere, a file gives what it holds.
+  ASSERT_EQ(SaveDxb(&dxf, path.c_str()), 1);
+  const std::string whole = bytes_of(folder / "a.dxb");
+  for (std::size_t size = 64; size < whole.size(); size += 41) {
+    put_bytes(folder / "a.dxb", whole.substr(0, size));
+    DXF cut;
+    ASSERT_EQ(LoadDxb(&cut, path.c_str(), 1), 1);
+    EXPECT_LE(cut.m_Entities.GetCount(), dxf.m_Entities.GetCount());
+  }
 }
 
 TEST(Drawing3D, FrameAndEnvironment) {
