@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "brindle/platform/window/combo_box.h"
 #include "brindle/table/easy_table_wnd.h"
 
@@ -39,19 +37,19 @@ int CEasyTableWnd::GetSetedCellState(int hang, int lie) {
 // The colours of a cell depend on CanEdit, which depends on the text: the one that is being drawn
 // isn't formed again.
 void CEasyTableWnd::DrawACell(CDC* dc, int hang, int lie, const CString& text) {
-  const int outer_hang = std::exchange(drawn_hang_, hang);
-  const int outer_lie = std::exchange(drawn_lie_, lie);
-  const CString* const outer_text = std::exchange(drawn_text_, &text);
+  struct Restore {
+    ~Restore() { drawn = outer; }
+    DrawnCell& drawn;
+    const DrawnCell outer;
+  } const restore{drawn_, drawn_};
+  drawn_ = {hang, lie, &text};
   CTableWnd::DrawACell(dc, hang, lie, text);
-  drawn_hang_ = outer_hang;
-  drawn_lie_ = outer_lie;
-  drawn_text_ = outer_text;
 }
 
 // Whether the cell's text is "---" now. Rules have run afterwards, as when the text is asked for.
 bool CEasyTableWnd::shows_dashes(int hang, int lie) {
-  const bool is_drawn = drawn_text_ && hang == drawn_hang_ && lie == drawn_lie_;
-  if (!is_drawn || *drawn_text_ == L"---") return GetHangLieString(hang, lie) == L"---";
+  const bool is_drawn = drawn_.text && hang == drawn_.hang && lie == drawn_.lie;
+  if (!is_drawn || *drawn_.text == L"---") return GetHangLieString(hang, lie) == L"---";
   CETCell* cell = FindCell(hang, lie);
   if (cell && !cell->m_arReact.IsEmpty()) {
     run_state_rules(cell);

@@ -205,6 +205,12 @@ class CEasyTableWnd : public CTableWnd {
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  // The cell that is being drawn; no text while none is.
+  struct DrawnCell {
+    int hang = 0, lie = 0;
+    const CString* text = nullptr;
+  };
+
   CETCell* add_cell(int hang, int lie, int kind, void* value, const CString& format);
   CETCell* add_integer(CETCell* cell, int count, const TextList& texts, const NumberList& values,
                        const TextList& value_texts, int editable);
@@ -230,9 +236,7 @@ class CEasyTableWnd : public CTableWnd {
   int sorting_off_ = 0;              // rebuilds under way that leave the rows as they are
   unsigned builds_ = 0;              // counts rebuilds, for loops that may be cut short
   CArray<int, int> tool_positions_;  // column edges in the tool's order
-  // The cell that is being drawn, and its text; null while none is.
-  int drawn_hang_ = 0, drawn_lie_ = 0;
-  const CString* drawn_text_ = nullptr;
+  DrawnCell drawn_;
   int own_title_height_ = 0;  // of text titles, as computed last
   // Lists of a cleared table. Their windows may be in the midst of a message, so they go later,
   // unless the rebuilt table uses them again.

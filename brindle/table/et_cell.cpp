@@ -10,17 +10,10 @@ namespace brindle {
 namespace {
 
 thread_local unsigned g_reactions_added = 0;
-thread_local unsigned g_place_changes = 0;
 
 }  // namespace
 
-unsigned CETNumber::changes() {
-  return g_place_changes;
-}
-
-void CETNumber::tell_change() {
-  ++g_place_changes;
-}
+std::atomic<unsigned> CETNumber::changes_ = 0;
 
 const StateRule& CETReact::rule() const {
   if (!m_pRule || m_pRule->text != m_strExpr) m_pRule = StateRule::shared(m_strExpr);

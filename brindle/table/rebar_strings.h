@@ -15,7 +15,6 @@ class CGangJinBase {
   CGangJinBase() = default;
   CGangJinBase(const CGangJinBase&) = default;
   CGangJinBase& operator=(const CGangJinBase&) = default;
-  virtual ~CGangJinBase() = default;
 
   // 1 if a bar of this diameter, millimetres, exists.
   virtual int FindZhiJin(int diameter, int param);
@@ -28,6 +27,7 @@ class CGangJinBase {
   virtual CString ToString(int mode);
   // Parses and finds out the family itself, which it may store in m_nGangJinType. Results as above.
   virtual int FromString(CString& text);
+  virtual ~CGangJinBase() = default;
 
   int m_nGangJinType = 0;  // family of the bar, a GANGJIN_TYPE
   int m_nParam = 2;        // the cell's m_nGangJinParam
