@@ -235,44 +235,6 @@ TEST(EasyTable, RulesRunAtEachDisplay) {
   EXPECT_EQ(grid.GetHangLieString(2, 4), L"---");
 }
 
-// Rows out of sight are asked for no text, yet their rules act as if they were.
-TEST(EasyTable, RulesOutOfSightActAsThoseInSight) {
-  std::mt19937 random(3);
-  const auto any = [&](int count) { return static_cast<int>(random() % count); };
-  static const int orders[][7] = {{-1}, {4, 2, 5, -1}, {5, 4, 3, 2, 1, -1}};
-  const wchar_t* const rules[] = {L"V,>,500,?,G,:,E", L"V,<,900,?,N,:,G", L"V,!=,402,?,E"};
-  for (int round = 0; round < 30; ++round) {
-    Numbers numbers(12, 5);
-    const unsigned seed = random();
-    const auto build = [&](Grid& g) {
-      random.seed(seed);
-      g.ReSetLieXu(orders[round % 3]);
-      numbers.build(g);
-      g.AddInt(3, 2, &numbers.at(9, 2));  // a second one at a place has no say
-      for (int k = 0; k < 15; ++k) {
-        CETCell* const cell = static_cast<CETCell*>(g.m_arCell[any(61)]);
-        cell->AddReact(ETCELL_REACT(6 + any(3)), 1 + any(12), 1 + any(5), rules[any(3)]);
-      }
-    };
-    Grid shown(build), hidden(build);
-    for (int step = 0; step < 3; ++step) {
-      for (int hang = 3; hang <= 11; ++hang) {
-        for (int lie = 1; lie <= shown.GetLieCount(); ++lie) shown.GetHangLieString(hang, lie);
-      }
-      hidden.ask_rows(3, 11);
-      for (INT_PTR i = 0; i < shown.m_arCell.GetSize(); ++i) {
-        ASSERT_EQ(static_cast<CETCell*>(shown.m_arCell[i])->m_nState,
-                  static_cast<CETCell*>(hidden.m_arCell[i])->m_nState);
-      }
-      numbers.at(1 + any(12), 1 + any(5)) = any(1000);
-      for (Grid* g : {&shown, &hidden}) {
-        static_cast<CETCell*>(g->m_arCell[step])->AddReact(ETCR_HANG_STATE, 5, 0, rules[0]);
-        static_cast<CETCell*>(g->m_arCell[step + 20])->m_nHang = 4;
-      }
-    }
-  }
-}
-
 // Reactions of the table come first; a rebuild ends all, wherever it comes from.
 TEST(EasyTable, ARebuildEndsTheReactions) {
   for (int way = 0; way < 4; ++way) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <random>
 
 #include "brindle/platform/window/combo_box.h"
 #include "brindle/platform/window/message_loop.h"
@@ -202,6 +203,74 @@ TEST(EasyTableWindow, RebuildingFromWithinLeavesNothingDangling) {
     EXPECT_GT(grid.rebuilds, before);
     for (int hang = 1; hang <= 4; ++hang) EXPECT_EQ(grid.GetHangLieString(hang, 2).Left(1), L"R");
     user.on_box = [] {};
+  }
+}
+
+// Rows of numbers whose rules grey and blank each other. The plain one forms every text anew and
+// asks all rows.
+class Ruled : public CEasyTableWnd {
+ public:
+  explicit Ruled(int (&values)[40][4], bool plain) : values_(values), plain_(plain) {}
+  ~Ruled() override { DestroyWindow(); }
+  void ReSetCellData() override {
+    ClearEasyTable();
+    const int edges[] = {0, 30, 60, 90, 120, 150, -1};
+    const int order[] = {1, 4, 2, 5, -1};
+    ReSetLieXu(order);
+    IniEasyTable(40, 0, edges, nullptr);
+    const wchar_t* const rules[] = {L"V,>,50,?,G,:,E", L"V,<,20,?,N,:,E", L"V,>,70,?,N"};
+    for (int hang = 1; hang <= 40; ++hang) {
+      AddText(hang, 1, L"%d", hang);
+      for (int k = 0; k < 4; ++k) {
+        CETCell* const cell = AddInt(hang, k + 2, &values_[hang - 1][k]);
+        const auto type = static_cast<ETCELL_REACT>(ETCR_HANG_STATE + (hang + k) % 3);
+        const int target = type == ETCR_LIE_STATE ? 2 + hang % 5 : 1 + hang * 7 % 40;
+        if ((hang + k) % 4 == 0) cell->AddReact(type, target, 2 + k, rules[(hang + k) % 3]);
+      }
+    }
+  }
+  bool row_needs_asking(int) override { return true; }
+  void ask_rows(int first, int last) override {
+    plain_ ? CTableWnd::ask_rows(first, last) : CEasyTableWnd::ask_rows(first, last);
+  }
+  void DrawACell(CDC* dc, int hang, int lie, const CString& text) override {
+    plain_ ? CTableWnd::DrawACell(dc, hang, lie, text)
+           : CEasyTableWnd::DrawACell(dc, hang, lie, text);
+  }
+
+ private:
+  int (&values_)[40][4];
+  bool plain_;
+};
+
+TEST(EasyTableWindow, ShortWaysOfPaintingLookTheSame) {
+  std::mt19937 random(5);
+  const auto any = [&](int count) { return static_cast<int>(random() % count); };
+  int values[40][4];
+  for (auto& row : values) {
+    for (int& value : row) value = any(100);
+  }
+  Owner owner;
+  Ruled plain(values, true), brief(values, false);
+  for (Ruled* grid : {&plain, &brief}) {
+    ASSERT_TRUE(grid->Create(CRect(0, 0, 150, 200), &owner, 5));
+    grid->ShowWindow(SW_SHOW);
+  }
+  for (int step = 0; step < 40; ++step) {
+    values[any(40)][any(4)] = any(100);
+    const int moved = any(200), to = any(41), ruled = any(200);
+    for (Ruled* grid : {&plain, &brief}) {
+      static_cast<CETCell*>(grid->m_arCell[moved])->m_nHang = to;
+      static_cast<CETCell*>(grid->m_arCell[ruled])->AddReact(ETCR_HANG_STATE, to, 0, L"V,>,9,?,G");
+    }
+    const UINT code = any(2) ? SB_LINEDOWN : any(2) ? SB_PAGEUP : SB_BOTTOM;
+    plain.SendMessage(WM_VSCROLL, code);
+    brief.SendMessage(WM_VSCROLL, code);
+    ASSERT_EQ(window_picture(plain), window_picture(brief)) << step;
+    for (INT_PTR i = 0; i < plain.m_arCell.GetSize(); ++i) {
+      ASSERT_EQ(static_cast<CETCell*>(plain.m_arCell[i])->m_nState,
+                static_cast<CETCell*>(brief.m_arCell[i])->m_nState);
+    }
   }
 }
 
