@@ -261,7 +261,9 @@ TEST(EasyTableWindow, ShortWaysOfPaintingLookTheSame) {
     const int moved = any(200), to = any(41), ruled = any(200);
     for (Ruled* grid : {&plain, &brief}) {
       static_cast<CETCell*>(grid->m_arCell[moved])->m_nHang = to;
-      static_cast<CETCell*>(grid->m_arCell[ruled])->AddReact(ETCR_HANG_STATE, to, 0, L"V,>,9,?,G");
+      if (step % 3 == 0)
+        static_cast<CETCell*>(grid->m_arCell[ruled])
+            ->AddReact(ETCR_HANG_STATE, to, 0, L"V,>,9,?,G");
     }
     const UINT code = any(2) ? SB_LINEDOWN : any(2) ? SB_PAGEUP : SB_BOTTOM;
     plain.SendMessage(WM_VSCROLL, code);
