@@ -1,10 +1,12 @@
 #include "brindle/platform/qt/qt_menu_internal.h"
 
+#include "brindle/platform/qt/qt_units_internal.h"
 #include "brindle/platform/qt/qt_window_internal.h"
 #include "brindle/platform/window/menu.h"
 #include "brindle/platform/window/message_loop.h"
 #include "brindle/platform/window/wnd.h"
 
+#include <cmath>
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
@@ -84,8 +86,8 @@ int QtWindow::set_menu(CMenu* menu) {
     }
     ++index;
   }
-  const int height = menu_bar_->sizeHint().height();
-  menu_bar_->setGeometry(0, 0, width(), height);
+  const int height = static_cast<int>(std::ceil(menu_bar_->sizeHint().height() / system_zoom()));
+  menu_bar_->setGeometry(0, 0, width(), to_pixels(height));
   menu_bar_->show();
   return height;
 }

@@ -1,14 +1,22 @@
 #include "brindle/platform/qt/qt_system_look_internal.h"
 
+#include "brindle/platform/qt/qt_units_internal.h"
+#include "brindle/platform/qt/qt_window_peer_internal.h"
+
 #include <algorithm>
 #include <cmath>
 #include <QApplication>
 #include <QEvent>
 #include <QScreen>
 #include <QToolTip>
+#include <utility>
 
 namespace brindle {
 namespace {
+
+constexpr int kPlainFontPixels = 12;  // 9 points of 96 to the inch
+
+double g_zoom = 1;
 
 COLORREF color_ref(const QColor& color) {
   return RGB(color.red(), color.green(), color.blue());
@@ -26,8 +34,14 @@ COLORREF between(const QColor& from, const QColor& to, double part) {
 void tell_look() {
   set_system_colors(system_colors_of(QApplication::palette(), QToolTip::palette()));
   const QScreen* screen = QGuiApplication::primaryScreen();
-  set_system_font(
-      system_font_of(QApplication::font(), screen ? screen->logicalDotsPerInchY() : 96));
+  const QFont font = QApplication::font();
+  const double dpi = screen ? screen->logicalDotsPerInchY() : 96;
+  const double pixels = font.pixelSize() > 0 ? font.pixelSize() : font.pointSizeF() * dpi / 72;
+  const double zoom = std::clamp(std::round(pixels / kPlainFontPixels * 8) / 8, 1.0, 4.0);
+  const bool zooms = std::exchange(g_zoom, zoom) != zoom;
+  if (screen) set_screen_size(to_units(screen->size().width()), to_units(screen->size().height()));
+  set_system_font(system_font_of(font, pixels));
+  if (zooms) zoom_windows();
 }
 
 class LookWatcher : public QObject {
@@ -78,12 +92,14 @@ std::vector<SystemColor> system_colors_of(const QPalette& palette, const QPalett
   };
 }
 
-LOGFONT system_font_of(const QFont& font, double dpi) {
+double system_zoom() {
+  return g_zoom;
+}
+
+LOGFONT system_font_of(const QFont& font, double pixels) {
   LOGFONT result;
-  const int pixels = font.pixelSize() > 0
-                         ? font.pixelSize()
-                         : static_cast<int>(std::lround(font.pointSizeF() * dpi / 72));
-  result.lfHeight = -std::max(pixels, 1);
+  // What is more than the plain size is in the units.
+  result.lfHeight = -std::clamp(static_cast<int>(std::lround(pixels)), 1, kPlainFontPixels);
   result.lfWeight = font.weight();
   result.lfItalic = font.italic();
   result.lfCharSet = GB2312_CHARSET;
@@ -95,6 +111,7 @@ LOGFONT system_font_of(const QFont& font, double dpi) {
 
 void follow_system_look() {
   qApp->installEventFilter(new LookWatcher(qApp));
+  QObject::connect(qApp, &QGuiApplication::primaryScreenChanged, qApp, [] { tell_look(); });
   tell_look();
 }
 

@@ -9,8 +9,8 @@
 namespace brindle {
 
 std::vector<SystemColor> system_colors_of(const QPalette& palette, const QPalette& tips);
-// Points become pixels by `dpi`.
-LOGFONT system_font_of(const QFont& font, double dpi);
+// In units; `pixels` is the font's size.
+LOGFONT system_font_of(const QFont& font, double pixels);
 // Tells the look as it is now and whenever it changes, as long as the application lives.
 void follow_system_look();
 

@@ -1,6 +1,7 @@
 #include "brindle/platform/qt/qt_window_internal.h"
 
 #include "brindle/platform/qt/qt_keys_internal.h"
+#include "brindle/platform/qt/qt_units_internal.h"
 #include "brindle/platform/qt/window_widget.h"
 #include "brindle/platform/window/edit.h"
 #include "brindle/platform/window/window_input.h"
@@ -20,18 +21,6 @@
 #include <QWheelEvent>
 
 namespace brindle {
-namespace {
-
-CPoint pixel_of(QPointF at) {
-  return CPoint(static_cast<int>(std::floor(at.x())), static_cast<int>(std::floor(at.y())));
-}
-
-CRect rect_of(const QRect& rect) {
-  return CRect(rect.left(), rect.top(), rect.left() + rect.width(), rect.top() + rect.height());
-}
-
-}  // namespace
-
 QtWindow::QtWindow(CWnd& window, QWidget* owner, Qt::WindowFlags flags)
     : QWidget(owner, flags), window_(&window) {
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -58,7 +47,7 @@ QSize QtWindow::sizeHint() const {
   if (window_ == nullptr) return {};
   CRect rect;
   window_->GetWindowRect(rect);
-  return {rect.Width(), rect.Height()};
+  return {to_pixels(rect.Width()), to_pixels(rect.Height())};
 }
 
 bool QtWindow::event(QEvent* event) {
@@ -96,11 +85,13 @@ void QtWindow::paintEvent(QPaintEvent* event) {
   CRect frame;
   window_->GetWindowRect(frame);
   QPainter painter(this);
-  const PixelGrid grid{devicePixelRatioF(), 0, 0, frame.Width(), frame.Height()};
+  const PixelGrid grid{devicePixelRatioF() * system_zoom(), 0, 0, frame.Width(), frame.Height()};
   if (picture_.grid() != grid && !picture_.create(grid))
     return painter.fillRect(event->rect(), palette().window());
   const QImage image(reinterpret_cast<const uchar*>(picture_.data()), picture_.width(),
                      picture_.height(), QImage::Format_RGB32);
+  // The widget may be a part of a unit larger than the picture.
+  if (!grid.is_plain()) painter.fillRect(event->rect(), palette().window());
   // The picture's pixels are the screen's, wherever the layout put the widget between them.
   const QTransform device = painter.deviceTransform();
   painter.setWorldTransform(
@@ -108,7 +99,7 @@ void QtWindow::paintEvent(QPaintEvent* event) {
       device.inverted());
   const int margin = grid.is_plain() ? 0 : 1;
   for (const QRect& part : exposed) {
-    const CRect area = rect_of(part.adjusted(-margin, -margin, margin, margin));
+    const CRect area = units_over(part.adjusted(-margin, -margin, margin, margin));
     draw_window(*window_, picture_, area);
     const CRect pixels = grid.box(area) & CRect(0, 0, picture_.width(), picture_.height());
     painter.drawImage(pixels.left, pixels.top, image, pixels.left, pixels.top, pixels.Width(),
@@ -119,7 +110,22 @@ void QtWindow::paintEvent(QPaintEvent* event) {
 // The place on the screen changes without an event when a widget around this one is moved.
 void QtWindow::tell_place() {
   if (window_ == nullptr) return;
-  route_bounds(*window_, rect_of(QRect(mapToGlobal(QPoint()), size())));
+  route_bounds(*window_, to_units(QRect(mapToGlobal(QPoint()), size())));
+}
+
+void QtWindow::zoom_changed() {
+  if (window_ == nullptr) return;
+  if (menu_bar_ != nullptr) window_->DrawMenuBar();
+  if (isWindow()) {
+    const QSize wanted = sizeHint();
+    if (minimumSize() == maximumSize())
+      setFixedSize(wanted);
+    else
+      resize(wanted);
+  }
+  updateGeometry();
+  tell_place();
+  update();
 }
 
 void QtWindow::moveEvent(QMoveEvent*) {
@@ -197,7 +203,8 @@ QRect QtWindow::caret_rect() const {
     inside = CRect(edit->PosFromChar(static_cast<UINT>(edit->GetCaretIndex())),
                    CSize(1, std::min(inside.Height(), 20)));
   focus->ClientToScreen(inside);
-  return QRect(inside.left - frame.left, inside.top - frame.top, inside.Width(), inside.Height());
+  inside.OffsetRect(-frame.left, -frame.top);
+  return to_pixels(inside);
 }
 
 QVariant QtWindow::inputMethodQuery(Qt::InputMethodQuery query) const {
@@ -235,7 +242,7 @@ void QtWindow::tell_mouse(const QMouseEvent& event, UINT left, UINT right, UINT 
   if (left == WM_LBUTTONDOWN) yield_to_modal();
   if (window_ == nullptr) return;
   route_mouse(*window_, message, mouse_flags(event.buttons(), event.modifiers()),
-              pixel_of(event.position()));
+              unit_at(event.position()));
 }
 
 void QtWindow::mousePressEvent(QMouseEvent* event) {
@@ -254,7 +261,7 @@ void QtWindow::mouseMoveEvent(QMouseEvent* event) {
   if (window_ == nullptr) return;
   tell_modifiers(event->modifiers());
   route_mouse(*window_, WM_MOUSEMOVE, mouse_flags(event->buttons(), event->modifiers()),
-              pixel_of(event->position()));
+              unit_at(event->position()));
 }
 
 void QtWindow::wheelEvent(QWheelEvent* event) {
@@ -264,7 +271,7 @@ void QtWindow::wheelEvent(QWheelEvent* event) {
   if (window_ == nullptr) return;
   tell_modifiers(event->modifiers());
   route_wheel(*window_, delta, mouse_flags(event->buttons(), event->modifiers()),
-              pixel_of(event->position()));
+              unit_at(event->position()));
   event->accept();
 }
 

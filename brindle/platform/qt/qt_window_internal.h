@@ -15,9 +15,9 @@ namespace brindle {
 class CMenu;
 class CWnd;
 
-// A unit of the picture is one device-independent pixel; on a finer screen it is painted in the
-// screen's own pixels.
-// Any event may end the window; the widget stays until it has dealt with the event.
+// A unit of the picture is one device-independent pixel or, with a large font, more; it is painted
+// in the screen's own pixels. Any event may end the window; the widget stays until it has dealt
+// with the event.
 class QtWindow : public QWidget {
  public:
   QtWindow(CWnd& window, QWidget* owner, Qt::WindowFlags flags);
@@ -26,6 +26,8 @@ class QtWindow : public QWidget {
   void part();
   void set_changed(const QRect& area);
   void show_changes();
+  // Units have another size: the window keeps its own in them.
+  void zoom_changed();
   // Returns the height of the bar.
   int set_menu(CMenu* menu);
   QSize sizeHint() const override;

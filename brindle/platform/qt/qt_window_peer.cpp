@@ -1,8 +1,8 @@
 #include "brindle/platform/qt/qt_window_peer_internal.h"
 
-#include "brindle/platform/graphics/system_metrics.h"
 #include "brindle/platform/qt/qt_menu_internal.h"
 #include "brindle/platform/qt/qt_system_look_internal.h"
+#include "brindle/platform/qt/qt_units_internal.h"
 #include "brindle/platform/qt/qt_window_internal.h"
 #include "brindle/platform/qt/window_widget.h"
 #include "brindle/platform/window/menu.h"
@@ -26,10 +26,6 @@ namespace {
 bool has_widgets() {
   return qobject_cast<QApplication*>(QCoreApplication::instance()) &&
          QThread::currentThread() == qApp->thread();
-}
-
-QRect qt_rect(const CRect& rect) {
-  return QRect(rect.left, rect.top, rect.Width(), rect.Height());
 }
 
 // Never destroyed: windows may be so after everything else.
@@ -158,16 +154,18 @@ class MessagePump : public QObject {
   QBasicTimer timer_;
 };
 
-void tell_screen() {
-  if (const QScreen* screen = QGuiApplication::primaryScreen())
-    set_screen_size(screen->size().width(), screen->size().height());
-}
-
 }  // namespace
 
 QWidget* window_widget(const CWnd& window) {
   const auto known = widgets().find(&window);
   return known != widgets().end() ? known->second.data() : nullptr;
+}
+
+void zoom_windows() {
+  std::vector<QPointer<QtWindow>> all;
+  for (const auto& [window, widget] : widgets()) all.push_back(widget);
+  for (const QPointer<QtWindow>& widget : all)
+    if (widget) widget->zoom_changed();
 }
 
 QtWindowPeer::QtWindowPeer(CWnd& window) {
@@ -203,15 +201,15 @@ void QtWindowPeer::set_bounds(const CRect& screen) {
   const bool unplaced = screen.TopLeft() == CPoint() && !widget_->isVisible() &&
                         (widget_->windowFlags() & Qt::FramelessWindowHint) == 0;
   // The user can't change the size of a fixed frame; the program can.
-  if (fixed_) widget_->setFixedSize(screen.Width(), screen.Height());
+  if (fixed_) widget_->setFixedSize(to_pixels(screen.Width()), to_pixels(screen.Height()));
   if (unplaced)
-    widget_->resize(screen.Width(), screen.Height());
+    widget_->resize(to_pixels(screen.Width()), to_pixels(screen.Height()));
   else
-    widget_->setGeometry(qt_rect(screen));
+    widget_->setGeometry(to_pixels(screen));
 }
 
 void QtWindowPeer::update(const CRect& area) {
-  if (widget_) widget_->set_changed(qt_rect(area));
+  if (widget_) widget_->set_changed(pixels_over(area));
 }
 
 void QtWindowPeer::flush() {
@@ -220,6 +218,8 @@ void QtWindowPeer::flush() {
 
 void QtWindowPeer::activate() {
   if (!widget_ || !widget_->isVisible()) return;
+  // Two windows that ask each other's late events for the keyboard would never end.
+  if (widget_->isActiveWindow() && widget_->hasFocus()) return;
   if (widget_->isWindow()) widget_->raise();
   widget_->activateWindow();
   if (widget_) widget_->setFocus();
@@ -253,19 +253,17 @@ void QtWindowPeer::set_modal(bool modal) {
 }
 
 double QtWindowPeer::scale() const {
-  return widget_ ? widget_->devicePixelRatioF() : 1;
+  return widget_ ? widget_->devicePixelRatioF() * system_zoom() : 1;
 }
 
 double QtWindowBackend::scale() {
-  return has_widgets() ? qApp->devicePixelRatio() : 1;
+  return has_widgets() ? qApp->devicePixelRatio() * system_zoom() : 1;
 }
 
 void QtWindowBackend::start() {
   if (MessagePump::is_running()) return;
   new MessagePump(qApp);
-  tell_screen();
   follow_system_look();
-  QObject::connect(qApp, &QGuiApplication::primaryScreenChanged, qApp, [] { tell_screen(); });
   wake(now_ms());
 }
 
@@ -294,7 +292,7 @@ UINT QtWindowBackend::track_menu(CMenu& menu, UINT flags, CPoint screen, CWnd* o
   const QPointer<QMenu> shown =
       new QMenu(owner != nullptr ? window_widget(*owner->GetTopLevelParent()) : nullptr);
   fill_menu(*shown, menu, (flags & TPM_NONOTIFY) != 0 ? nullptr : owner);
-  QPoint corner(screen.x, screen.y);
+  QPoint corner(to_pixels(screen.x), to_pixels(screen.y));
   const QSize size = shown->sizeHint();
   if ((flags & TPM_RIGHTALIGN) != 0) corner.rx() -= size.width();
   if ((flags & TPM_CENTERALIGN) != 0) corner.rx() -= size.width() / 2;

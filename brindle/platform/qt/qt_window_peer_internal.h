@@ -10,6 +10,9 @@ namespace brindle {
 
 class QtWindow;
 
+// Gives all windows the size that their units have now.
+void zoom_windows();
+
 class QtWindowPeer : public WindowPeer {
  public:
   explicit QtWindowPeer(CWnd& window);

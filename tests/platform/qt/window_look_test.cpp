@@ -2,6 +2,7 @@
 // questions, menu bars, modal dialogs, travel by Tab.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 #include <QAction>
 #include <QApplication>
@@ -87,22 +88,66 @@ TEST_F(WindowLook, PaletteAndFontBecomeTheLibrarys) {
   const QImage shown = form.widget()->grab().toImage();
   EXPECT_EQ(shown.pixelColor(2, 2), QColor(53, 54, 55));
   EXPECT_EQ(shown.pixelColor(100, 50), QColor(30, 31, 32));
+}
 
-  const double dpi = QGuiApplication::primaryScreen()->logicalDotsPerInchY();
-  const auto height = [] {
+TEST_F(WindowLook, ALargeFontEnlargesWindowsAsAWhole) {
+  const auto font_height = [] {
     return static_cast<CFont*>(stock_object(DEFAULT_GUI_FONT))->data().lfHeight;
   };
-  QFont font = QApplication::font();
-  for (const double points : {9.0, 13.5}) {
-    font.setPointSizeF(points);
+  const double dpi = QGuiApplication::primaryScreen()->logicalDotsPerInchY();
+  Form form;
+  form.CDialog::Create(0u);
+  form.MoveWindow(40, 50, 200, 100);
+  form.ShowWindow(SW_SHOW);
+  settle();
+  const struct {
+    double points;
+    double zoom;
+    int height;  // in units
+  } cases[] = {{9, 1, -12}, {13.5, 1.5, -12}, {11, 1.25, -12}, {7.5, 1, -10}, {18, 2, -12}};
+  for (const auto& test : cases) {
+    QFont font = QApplication::font();
+    font.setPixelSize(static_cast<int>(std::lround(test.points * 96 / 72)));
+    if (dpi == 96) font.setPointSizeF(test.points);
     QApplication::setFont(font);
     settle();
-    EXPECT_EQ(height(), -std::lround(points * dpi / 72)) << points;
+    EXPECT_EQ(font_height(), test.height) << test.points;
+    EXPECT_EQ(form.widget()->size(), QSize(200, 100) * test.zoom) << test.points;
+    CRect place, client;
+    form.GetWindowRect(place);
+    form.GetClientRect(client);
+    EXPECT_EQ(client, CRect(0, 0, 200, 100)) << test.points;
+    EXPECT_EQ(place.left, std::lround(form.widget()->mapToGlobal(QPoint()).x() / test.zoom))
+        << test.points;
+    // What is painted and what the mouse hits are the same.
+    for (CEdit* edit : {&form.second, &form.first}) {
+      edit->GetWindowRect(place);
+      form.ScreenToClient(place);
+      const QPointF inside(place.right - 2, place.bottom - 2);
+      QTest::mouseClick(form.widget(), Qt::LeftButton, {}, (inside * test.zoom).toPoint());
+      EXPECT_EQ(CWnd::GetFocus(), edit) << test.points;
+      const QImage shown = form.widget()->grab().toImage();
+      EXPECT_EQ(shown.pixelColor(((inside - QPointF(3, 3)) * test.zoom).toPoint()),
+                QApplication::palette().color(QPalette::Base))
+          << test.points;
+    }
+    Form later;
+    later.CDialog::Create(0u);
+    later.ShowWindow(SW_SHOW);
+    settle();
+    EXPECT_EQ(later.widget()->size(), QSize(200, 100) * test.zoom) << test.points;
+    later.DestroyWindow();
+    settle();
+    QTest::keyClick(form.widget(), Qt::Key_A);
+    settle();
+    const RasterBitmap picture = window_picture(form);
+    const QImage shown = form.widget()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(shown.size(), QSize(picture.width(), picture.height())) << test.points;
+    EXPECT_EQ(shown, QImage(reinterpret_cast<const uchar*>(picture.data()), picture.width(),
+                            picture.height(), QImage::Format_RGB32))
+        << test.points;
   }
-  font.setPixelSize(21);
-  QApplication::setFont(font);
-  settle();
-  EXPECT_EQ(height(), -21);
+  EXPECT_EQ(text_of(form.first), L"aaaaa");
 }
 
 TEST_F(WindowLook, QuestionsShowTheirButtonsAndGiveTheOnePressed) {
@@ -184,7 +229,9 @@ TEST_F(WindowLook, MenuBarStandsAboveTheClientAndIsAskedForEachTime) {
     return 0;
   });
   for (const bool enabled : {false, true}) {
+    bool seen = false;
     QTimer::singleShot(10, qApp, [&] {
+      seen = true;
       auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
       ASSERT_TRUE(popup);
       EXPECT_EQ(popup->actions().at(0)->isEnabled(), enabled);
@@ -192,7 +239,7 @@ TEST_F(WindowLook, MenuBarStandsAboveTheClientAndIsAskedForEachTime) {
       popup->close();
     });
     QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(bar->actions().at(0)).center());
-    QTest::qWait(30);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return seen && commands.size() == (enabled ? 1 : 0); }));
   }
   bar->actions().at(1)->trigger();
   settle();
