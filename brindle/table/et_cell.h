@@ -127,6 +127,7 @@ class CETCell {
   void store_item(int index);
   void store_rebar(const CString& text);
   void store_typed(const CString& text);
+  bool is_diameter_known(int value) const;
   int rule_state(const StateRule& rule) const;
 };
 

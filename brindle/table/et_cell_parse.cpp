@@ -85,11 +85,14 @@ void CETCell::store_typed(const CString& text) {
   double value = parse_double(narrow_number(text));
   if (std::isnan(value)) value = 0;
   value = std::max(m_dMin, std::min(m_dMax, value));
-  if (m_nGangJinKind == 2 && (m_nType == ETCK_INT || m_nType == ETCK_SHORT) && GetGangJinObj() &&
-      reset_rebar_object(*this).FindZhiJin(truncated<int>(value), m_nGangJinParam) != 1) {
-    return;
-  }
-  store_number(value);
+  if (is_diameter_known(truncated<int>(value))) store_number(value);
+}
+
+// Whether an integer may have the value, as far as the rebar object has a say in it.
+bool CETCell::is_diameter_known(int value) const {
+  const bool is_integer = m_nType == ETCK_INT || m_nType == ETCK_SHORT;
+  return !is_integer || m_nGangJinKind != 2 || !GetGangJinObj() ||
+         reset_rebar_object(*this).FindZhiJin(value, m_nGangJinParam) == 1;
 }
 
 int CETCell::DealChangeData(const CString& text) {
@@ -99,7 +102,8 @@ int CETCell::DealChangeData(const CString& text) {
   const bool is_integer = m_nType == ETCK_INT || m_nType == ETCK_SHORT;
   if (item >= 0 &&
       (list->is_closed_list() || list->has_values() || (is_integer && !list->proposes_numbers()))) {
-    store_item(item);
+    const bool is_index = !list->has_values();
+    if (is_index || is_diameter_known(_wtoi(list->stored_text(item)))) store_item(item);
   } else if (!list || !list->is_closed_list()) {
     store_typed(text);
   }

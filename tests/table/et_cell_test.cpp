@@ -275,6 +275,11 @@ TEST(RebarCells, AskTheToolsObject) {
   number.m_nGangJinParam = 5;
   number.DealChangeData(L"19");
   EXPECT_EQ(diameter, 20);
+  CETControl sizes;
+  give_list(number, sizes, {L"D20", L"D19"}, {L"20", L"19"});
+  number.DealChangeData(L"D19");
+  EXPECT_EQ(number.GetDispString(), L"D20");
+  number.m_pControl = nullptr;
   SetGangJinObj(nullptr);
   number.DealChangeData(L"19");
   EXPECT_EQ(diameter, 19);
