@@ -55,7 +55,7 @@ bool CTabCombo::key_down(UINT key) {
   }
 }
 
-// Keys reach the box here also when its edit field has the focus.
+// Keys and clicks reach the box here also when they are for its edit field.
 BOOL CTabCombo::PreTranslateMessage(MSG* message) {
   if (message->message == WM_KEYDOWN && message->wParam == VK_ESCAPE) {
     if (message->hwnd != m_hWnd) key_down(VK_ESCAPE);  // else OnKeyDown does it
@@ -64,6 +64,12 @@ BOOL CTabCombo::PreTranslateMessage(MSG* message) {
     return TRUE;
   }
   if (message->message == WM_KEYDOWN && key_down(static_cast<UINT>(message->wParam))) return TRUE;
+  if (message->message == WM_RBUTTONDOWN && GetParent() != nullptr) {  // for the row menu
+    CPoint at(GET_X_LPARAM(message->lParam), GET_Y_LPARAM(message->lParam));
+    CWnd::FromHandle(message->hwnd)->MapWindowPoints(GetParent(), &at, 1);
+    GetParent()->SendMessage(WM_RBUTTONDOWN, message->wParam, MAKELPARAM(at.x, at.y));
+    return TRUE;
+  }
   const bool leaving_char = message->wParam == L'\t' || message->wParam == L'\r';
   if (message->message == WM_CHAR && leaving_char) return TRUE;
   return CComboBox::PreTranslateMessage(message);

@@ -183,6 +183,14 @@ void CTabEdit::OnLButtonDblClk(UINT flags, CPoint point) {
   if (CWnd* const grid = GetParent()) grid->SendMessage(WM_TABLE_EDIT_DOUBLE_CLICK);
 }
 
+// The row menu opens on the cell with the editor as on any other.
+void CTabEdit::OnRButtonDown(UINT flags, CPoint point) {
+  CWnd* const grid = GetParent();
+  if (grid == nullptr) return CEdit::OnRButtonDown(flags, point);
+  MapWindowPoints(grid, &point, 1);
+  grid->SendMessage(WM_RBUTTONDOWN, flags, MAKELPARAM(point.x, point.y));
+}
+
 // Escape is the dialog's unless the grid keeps it.
 UINT CTabEdit::OnGetDlgCode() {
   const UINT code = CEdit::OnGetDlgCode() | DLGC_WANTTAB | DLGC_WANTARROWS;

@@ -61,6 +61,7 @@ class CTabEdit : public CEdit {
   void OnChar(UINT character, UINT repeat, UINT flags) override;
   void OnKillFocus(CWnd* new_window) override;
   void OnLButtonDblClk(UINT flags, CPoint point) override;
+  void OnRButtonDown(UINT flags, CPoint point) override;
   UINT OnGetDlgCode() override;
 
  private:

@@ -248,6 +248,15 @@ TEST(Editors, KeysThatWereTypedAreToldOnce) {
   route_key_press(grid, VK_DOWN);
   box.SendMessage(WM_KEYDOWN, VK_F4);
   EXPECT_EQ(grid.told, (std::vector<UINT>{0x1608, 0x1616, 0x1607}));
+  // The right button's menu is the grid's on an editor too.
+  CTabEdit edit;
+  edit.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 80, 20), &grid, 1);
+  LPARAM clicked = 0;
+  grid.on_message(WM_RBUTTONDOWN, [&](WPARAM, LPARAM at) { return clicked = at, 0; });
+  for (const int y : {10, 35, 65}) {
+    route_mouse(grid, WM_RBUTTONDOWN, MK_RBUTTON, CPoint(20, y));
+    EXPECT_EQ(clicked, MAKELPARAM(20, y));
+  }
 
   CDialog dialog;
   dialog.CDialog::Create(0u);
