@@ -63,6 +63,19 @@ TEST(Triangulation, HolesChangeNothing) {
   }
 }
 
+TEST(Triangulation, TellsTheCornersOfItsTriangles) {
+  CGeoCDT square;
+  add(square, kSquare, 4);
+  square.Generate();
+  double area = 0;
+  for (long t = 0; t < square.NumOfTriangels(); ++t) {
+    double x1, y1, x2, y2, x3, y3;
+    square.Get_Triangles_Vertex(t, x1, y1, x2, y2, x3, y3);
+    area += std::fabs((x2 - x1) * (y3 - y1) - (x3 - x1) * (y2 - y1)) / 2;
+  }
+  EXPECT_DOUBLE_EQ(100, area);
+}
+
 TEST(Triangulation, SplitsEncroachedEdgesOnce) {
   struct {
     double x, y;
