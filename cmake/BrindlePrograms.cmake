@@ -1,12 +1,7 @@
 # Programs of one folder each: apps/<name>/, examples/<name>/.
 
-# Makes the program `target`, file name `output_name`, out of the folder's sources. A folder with a
-# CMakeLists.txt of its own is left to that.
+# Makes the program `target`, file name `output_name`, out of the folder's sources.
 function(brindle_add_program folder target output_name)
-  if(EXISTS ${PROJECT_SOURCE_DIR}/${folder}/CMakeLists.txt)
-    add_subdirectory(${PROJECT_SOURCE_DIR}/${folder} ${PROJECT_BINARY_DIR}/${folder})
-    return()
-  endif()
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     return()
