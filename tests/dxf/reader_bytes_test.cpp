@@ -107,5 +107,25 @@ TEST(BytesReader, TheProcessesCodePageHoldsOtherwise) {
   EXPECT_EQ(read.texts(), Texts{L"钢"});
 }
 
+// A file cut off at any byte, or with any byte changed.
+TEST(BytesReader, CutsAndFlips) {
+  const std::string whole =
+      header("  9\n$LTSCALE\n 40\n2\n") + kTables +
+      blocks("  0\nBLOCK\n  2\nB\n" + kLine + "  0\nENDBLK\n") +
+      entities(kLine + text_entity("\xb8\xd6%%132 20") + "1000\nQXEX\n1071\n5\n1002\n}\n");
+  std::size_t complete = 0;
+  for (std::size_t length = 0; length <= whole.size(); ++length) {
+    const ReadDrawing read(whole.substr(0, length));
+    complete += read.entities().size() == 2 ? 1 : 0;
+  }
+  EXPECT_GT(complete, 20u);
+  for (std::size_t at = 0; at < whole.size(); ++at) {
+    std::string damaged = whole;
+    damaged[at] = static_cast<char>(damaged[at] ^ (1 << (at % 8)));
+    const ReadDrawing read(damaged);
+    EXPECT_LE(read.entities().size(), 2u);
+  }
+}
+
 }  // namespace
 }  // namespace brindle

@@ -239,6 +239,30 @@ TEST_F(ShxFontTest, TakesOnlyWhatIsAFont) {
   EXPECT_EQ(font.GetTxtWidth(L"A", 10, 1), 0);  // no shape at all
 }
 
+// Every cut and every flipped byte: shapes outside of the file are as good as missing.
+TEST_F(ShxFontTest, SurvivesDamage) {
+  const std::string small = small_font(10, kSmall), big = big_font(15, 5, {{0x07, "\x10"s}});
+  const auto probe = [&](const std::string& s, const std::string& b) {
+    CShx font;
+    load_small(font, s);
+    load_big(font, b);
+    hz(font, L"AB?\x82一二\x07");
+    font.GetHzWidth(L"AB?\x82一二\x07", 10, 1);
+  };
+  for (std::size_t i = 0; i < small.size(); ++i) {
+    probe(small.substr(0, i), big);
+    std::string flipped = small;
+    flipped[i] = static_cast<char>(~flipped[i]);
+    probe(flipped, big);
+  }
+  for (std::size_t i = 0; i < big.size(); ++i) {
+    probe(small, big.substr(0, i));
+    std::string flipped = big;
+    flipped[i] = static_cast<char>(~flipped[i]);
+    probe(small, flipped);
+  }
+}
+
 TEST(ShippedFontsTest, HoldAllOfGb2312) {
   CShx font;
   const std::wstring dir = find_asset(L"fonts/");
