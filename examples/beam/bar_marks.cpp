@@ -1,17 +1,24 @@
 #include "examples/beam/bar_marks.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "brindle/platform/base/format.h"
 #include "examples/beam/rebar_text.h"
 
 namespace brindle::beam {
 namespace {
 
-constexpr int kSymbolBeforeFirst = 129;
+// The BarGrade of a steel.
+int grade_of(const Steel& steel) {
+  const auto symbol = std::find(std::begin(kGradeSymbols), std::end(kGradeSymbols), steel.mark);
+  return static_cast<int>(symbol - std::begin(kGradeSymbols)) + 1;
+}
 
 std::wstring symbol(const Steel& steel, MarkForm form) {
-  const int grade = steel.mark - kSymbolBeforeFirst;
-  return std::wstring(
-      1, form == MarkForm::kShapeFont ? steel.mark : static_cast<wchar_t>(L'A' + grade - 1));
+  return std::wstring(1, form == MarkForm::kShapeFont
+                             ? steel.mark
+                             : static_cast<wchar_t>(L'A' + grade_of(steel) - 1));
 }
 
 int family(BarPlace place) {
@@ -71,7 +78,7 @@ std::wstring side_mark(const SideBars& bars, const Steel& steel, MarkForm form) 
 bool read_mark(const std::wstring& text, BarPlace place, const Steel& steel, ChosenBars* bars) {
   RebarText mark;
   mark.m_nGangJinType = family(place);
-  mark.m_nParam = steel.mark - kSymbolBeforeFirst;
+  mark.m_nParam = grade_of(steel);
   CString typed(text);
   if (mark.FromString_KnowReinID(typed) != 1) return false;
   const BarGroup& group = mark.groups[0];

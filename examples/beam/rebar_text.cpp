@@ -12,7 +12,6 @@ namespace {
 constexpr int kDiameters[] = {6, 8, 10, 12, 14, 16, 18, 20, 22, 25, 28, 32, 36, 40, 50};
 constexpr int kThickestPlainBar = 22;
 constexpr int kMostBars = 99, kLeastSpacing = 20, kLargestSpacing = 1000, kMostLegs = 20;
-constexpr wchar_t kFirstSymbol = 130;  // of HPB300 in the shape fonts
 
 // The text without its marks and widths: one character a grade, letter, digit or sign.
 std::wstring plain(std::wstring_view text) {
@@ -22,11 +21,14 @@ std::wstring plain(std::wstring_view text) {
     if (c == 0x3000) c = L' ';
     if (c >= 0xFF01 && c <= 0xFF5E) c -= 0xFEE0;  // full width
     const std::wstring_view rest = text.substr(i);
-    if (rest.size() >= 5 && rest.starts_with(L"%%13") && rest[4] >= L'0' && rest[4] <= L'3') {
-      c = static_cast<wchar_t>(kFirstSymbol + (rest[4] - L'0'));
+    if (rest.size() >= 5 && rest.starts_with(L"%%13") && rest[4] >= L'0' && rest[4] <= L'9') {
+      c = static_cast<wchar_t>(130 + (rest[4] - L'0'));
       i += 4;
     }
-    if (c >= kFirstSymbol && c < kFirstSymbol + 4) c = L'A' + (c - kFirstSymbol);
+    const auto symbol = std::find(std::begin(kGradeSymbols), std::end(kGradeSymbols), c);
+    if (symbol != std::end(kGradeSymbols)) {
+      c = static_cast<wchar_t>(L'A' + (symbol - std::begin(kGradeSymbols)));
+    }
     if (c == 0x3C6 || c == 0x3A6 || c == 0xD8 || c == 0xF8 || c == 0x2205) c = L'A';
     out += static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(c)));
   }
@@ -124,7 +126,8 @@ bool read_side(Cursor& text, int own_grade, std::vector<BarGroup>& groups) {
 }
 
 std::wstring grade_mark(int grade, int mode) {
-  return std::wstring(1, static_cast<wchar_t>((mode == 1 ? kFirstSymbol : L'A') + grade - 1));
+  return std::wstring(
+      1, mode == 1 ? kGradeSymbols[grade - 1] : static_cast<wchar_t>(L'A' + grade - 1));
 }
 
 }  // namespace

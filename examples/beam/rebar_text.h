@@ -18,6 +18,8 @@ enum BarFamily : int {
 
 // Grades by the letters that the drawings of the atlases use.
 enum BarGrade : int { kHpb300 = 1, kHrb335 = 2, kHrb400 = 3, kHrb500 = 4 };
+// Their characters in the shape fonts, where 133 is another grade, RRB400.
+inline constexpr wchar_t kGradeSymbols[] = {130, 131, 132, 134};
 
 // Bars of one size, or stirrups at one spacing.
 struct BarGroup {
@@ -29,11 +31,11 @@ struct BarGroup {
   bool operator==(const BarGroup&) const = default;
 };
 
-// A grade is written as its letter A to D, as the character 130 to 133 of the shape fonts, or as
-// "%%130" to "%%133"; the signs for diameter stand for HPB300. Where a stirrup or a "4-20" names no
-// grade it is m_nParam, the grade of the cell. Full-width digits and letters are as good as plain
-// ones. A text is refused when its form isn't of the family, its diameter doesn't exist in its
-// grade, a count is 0 or above 99, a spacing outside 20 to 1000, or the rows don't add up.
+// A grade is written as its letter A to D, as its character of the shape fonts, or as that
+// character's code, "%%130"; the signs for diameter stand for HPB300. Where a stirrup or a "4-20"
+// names no grade it is m_nParam, the grade of the cell. Full-width digits and letters are as good
+// as plain ones. A text is refused when its form isn't of the family, its diameter doesn't exist in
+// its grade, a count is 0 or above 99, a spacing outside 20 to 1000, or the rows don't add up.
 class RebarText : public CGangJinBase {
  public:
   int FindZhiJin(int diameter, int grade) override;

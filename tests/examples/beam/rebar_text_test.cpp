@@ -65,7 +65,7 @@ TEST(RebarText, WritesOneFormOfWhatItReads) {
   EXPECT_EQ(bars.FromString(text), 1);
   EXPECT_EQ(bars.m_nGangJinType, kSideBars);
   EXPECT_EQ(std::wstring(bars.ToString(1)),
-            L"G2\x85"
+            L"G2\x86"
             L"14");
 }
 

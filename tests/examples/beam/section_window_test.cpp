@@ -83,9 +83,10 @@ TEST_F(BeamWindow, ChosenBarsAreTypedCheckedAndWritten) {
   type(window.bars, 1, 3, L"4C21");
   EXPECT_EQ(window.bars.refused, L"4C21");
   EXPECT_EQ(shown(window.bars, 1, 3), L"2C14");
-  type(window.bars, 1, 3, L"4%%13320");  // another grade: the material follows
+  type(window.bars, 1, 3, L"4%%13420");  // another grade: the material follows
   EXPECT_EQ(shown(window.bars, 1, 3), L"4D20");
   EXPECT_EQ(window.form.main_steel, 3);
+  EXPECT_TRUE(window.form.input().chosen.bottom);
   choose(window.section, 6, 2, 1);  // and the other way round
   EXPECT_EQ(shown(window.bars, 1, 3), L"4B20");
   EXPECT_TRUE(window.form.is_good());
