@@ -190,6 +190,8 @@ std::wstring input_fault(const SectionInput& input) {
   for (std::size_t i = 0; fault.empty() && i < input.cases.size(); ++i) {
     fault = text_fault(L"工况名", input.cases[i].name);
   }
+  // A file of materials that don't go together couldn't be opened again.
+  if (fault.empty() && !materials_fault(input).empty()) fault = materials_fault(input) + L"。";
   return fault.empty() ? words_fault(input.sheet) : fault;
 }
 

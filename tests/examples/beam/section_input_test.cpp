@@ -223,6 +223,7 @@ TEST(SectionInput, WritesNothingThatItCouldNotRead) {
       [](SectionInput& input) { input.name = L"// 梁"; },
       [](SectionInput& input) { input.name = std::wstring(31, L'梁'); },
       [](SectionInput& input) { input.cases[1].name = L"a\nb"; },
+      [](SectionInput& input) { find_concrete(20, &input.concrete); },
       [](SectionInput& input) { input.sheet.date = L"2024, 5"; },
       [](SectionInput& input) { input.sheet.lead = L"\U0001F600"; },
   };
