@@ -164,7 +164,7 @@ CasesGrid::~CasesGrid() {
 }
 
 void CasesGrid::ReSetCellData() {
-  const int widths[] = {44, 190, 80, 80, 94, 84, -1};
+  const int widths[] = {44, 174, 80, 80, 94, 84, -1};  // beside them a scroll bar has room
   const CString titles[] = {L"工况", L"名称", L"M (kN·m)", L"V (kN)", L"需 As (mm2)", L"需 Asv/s"};
   begin(static_cast<int>(form_.cases.size()), widths, titles);
   for (size_t i = 0; i < form_.cases.size(); ++i) {
