@@ -125,15 +125,21 @@ void SectionForm::calculate() {
   } else {
     faults_.push_back(status_text(status));
   }
+  if (const std::wstring fault = marks_fault(); !fault.empty()) faults_.push_back(fault);
+  fill_bars(section);
+  fill_cases(section);
+}
+
+std::wstring SectionForm::marks_fault() const {
+  std::wstring text;
   for (const BarPlace place : kBarPlaces) {
     const BarRow& row = bars[static_cast<int>(place)];
     ChosenBars read;
     if (!row.chosen || read_mark(std::wstring(row.mark), place, steel(place), &read)) continue;
-    faults_.push_back(
-        wformat(L"指定的%s“%s”不是 %s 的配筋。", place_name(place), row.mark, steel(place).name));
+    text +=
+        wformat(L"指定的%s“%s”不是 %s 的配筋。", place_name(place), row.mark, steel(place).name);
   }
-  fill_bars(section);
-  fill_cases(section);
+  return text;
 }
 
 void SectionForm::fill_bars(const SectionInput& input) {

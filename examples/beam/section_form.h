@@ -44,6 +44,8 @@ class SectionForm {
   const SectionDesign* design() const { return designed_ ? &design_ : nullptr; }
   // One line for the user: what is wrong, or that the section is all right.
   std::wstring verdict() const;
+  // What is wrong with marks that were typed; empty if nothing is.
+  std::wstring marks_fault() const;
 
   // The index is the row's place in the grid less one.
   void add_case(size_t index, const CaseRow& row = {});

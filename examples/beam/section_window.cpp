@@ -1,6 +1,7 @@
 #include "examples/beam/section_window.h"
 
 #include "brindle/dxf/drawing_picture.h"
+#include "brindle/frame/utility/tell_error.h"
 #include "brindle/platform/base/format.h"
 #include "brindle/platform/window/user_interface.h"
 #include "brindle/platform/window/window_dc.h"
@@ -171,6 +172,11 @@ void SectionWindow::OnOK() {
   for (BeamGrid* const grid : {static_cast<BeamGrid*>(&section), static_cast<BeamGrid*>(&bars),
                                static_cast<BeamGrid*>(&cases)}) {
     grid->commit_pending();
+  }
+  // Such a mark has no place in the file.
+  if (const std::wstring fault = form.marks_fault(); !fault.empty()) {
+    tell_error1(301, L"%s", fault);
+    return;
   }
   std::wstring path = path_;
   if (path.empty()) {

@@ -91,6 +91,12 @@ TEST_F(BeamWindow, ChosenBarsAreTypedCheckedAndWritten) {
   EXPECT_EQ(shown(window.bars, 1, 3), L"4B20");
   EXPECT_TRUE(window.form.is_good());
 
+  choose(window.bars, 3, 2, 1);
+  type(window.bars, 3, 3, L"A8@100(3)");  // not in pairs: told, and nothing written without it
+  window.OnOK();
+  ASSERT_EQ(recorded.messages.size(), 1u);
+  recorded.messages.clear();
+  choose(window.bars, 3, 2, 0);
   window.OnOK();
   SectionInput read;
   ASSERT_TRUE(read_section_input(folder.wide("KL-9.txt").c_str(), &read));
