@@ -34,9 +34,28 @@ CFCoor picture_transform(DXF& drawing, const PictureView& view) {
   return coor;
 }
 
+namespace {
+
+// The canvas clips at the screen, which is the picture meanwhile.
+class PictureScreen {
+ public:
+  explicit PictureScreen(CSize size)
+      : width_(GetSystemMetrics(SM_CXSCREEN)), height_(GetSystemMetrics(SM_CYSCREEN)) {
+    set_screen_size(size.cx, size.cy);
+  }
+  ~PictureScreen() { set_screen_size(width_, height_); }
+  PictureScreen(const PictureScreen&) = delete;
+  PictureScreen& operator=(const PictureScreen&) = delete;
+
+ private:
+  int width_, height_;
+};
+
+}  // namespace
+
 int draw_picture(DXF& drawing, CDC& dc, const PictureView& view) {
   if (drawing.m_bMemMode == 0) return 0;
-  set_screen_size(view.size.cx, view.size.cy);
+  const PictureScreen screen(view.size);
   const CRect page(0, 0, view.size.cx, view.size.cy);
   if (view.fills_background) dc.FillSolidRect(page, view.background);
   dc.SetBkColor(view.background);
