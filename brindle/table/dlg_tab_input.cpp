@@ -87,7 +87,8 @@ CRect CDlgTabInput::GetCancelPos(CSize client) const {
 
 INT_PTR CDlgTabInput::DoModal() {
   const DLGTEMPLATE* const bytes = GetDlgInputTemplate();
-  if (!InitModalIndirect(bytes, nullptr, template_.size() * sizeof(DWORD))) return IDCANCEL;
+  if (!InitModalIndirect(bytes, GetActiveWindow(), template_.size() * sizeof(DWORD)))
+    return IDCANCEL;
   return CDialog::DoModal();
 }
 

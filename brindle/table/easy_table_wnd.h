@@ -34,7 +34,8 @@ class CEasyTableWnd : public CTableWnd {
   void ClearEasyTable();
   // `liePos`: x of each column's edges, one more than columns, ended by -1; counts from 0 in a
   // window that follows its columns, otherwise the columns share the window's width. `titles`: a
-  // text a column, or null; used when there is no title bitmap.
+  // text a column, or null; used when there is no title bitmap. The
+  // grid keeps Escape to itself from then on (SetConctrlESC).
   void IniEasyTable(int hangCount, UINT titleBmp, const int* liePos, const CString* titles);
   void ClearState_Width_LieXu();
   void SetTableState(ETCELL_STATE state);
@@ -192,9 +193,11 @@ class CEasyTableWnd : public CTableWnd {
   CPtrArray m_arReact;    // CETReact*, owned: on any cell's change
   ETCELL_STATE m_nTableState = ETCS_EDIT;
   int m_bSameLieValue = 0;
-  CArray<int, int> m_arLieState, m_arHangState;      // by number - 1; -1: not set
-  CArray<int, int> m_arLieWidth2;                    // by number - 1; -1: not set
-  int m_bSort = 0, m_bSortDown = 1, m_nSortLie = 1;  // down: the largest first
+  CArray<int, int> m_arLieState, m_arHangState;  // by number - 1; -1: not set
+  CArray<int, int> m_arLieWidth2;                // by number - 1; -1: not set
+  // Rows ordered by a column, from the first building on; down: the largest first. All operations
+  // and virtual functions count rows as displayed then; a cell keeps its variable.
+  int m_bSort = 0, m_bSortDown = 1, m_nSortLie = 1;
   int m_bTitleEscape = 0;
   // The tool's columns in the order displayed; empty: as they are. The boundaries for dragging,
   // m_arDragLie, are something else.

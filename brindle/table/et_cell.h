@@ -49,7 +49,8 @@ class CETCell {
   void SetScale(float scale) { m_fScale = scale; }
 
   // Adds a reaction to a change of this cell. The arguments stand at ETCELL_REACT; types 6, 7 and 8
-  // take the rule's text as the last.
+  // take the rule's text as the last. Rules hang on numbers and texts; on a check or a fixed text
+  // they do nothing.
   void AddReact(ETCELL_REACT type, int a = 0, int b = 0, int c = 0);
   void AddReact(ETCELL_REACT type, int a, int b, const wchar_t* rule);
 
