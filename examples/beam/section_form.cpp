@@ -136,8 +136,8 @@ std::wstring SectionForm::marks_fault() const {
     const BarRow& row = bars[static_cast<int>(place)];
     ChosenBars read;
     if (!row.chosen || read_mark(std::wstring(row.mark), place, steel(place), &read)) continue;
-    text +=
-        wformat(L"指定的%s“%s”不是 %s 的配筋。", place_name(place), row.mark, steel(place).name);
+    text += wformat(L"指定的%s“%s”不是 %s 的配筋%s。", place_name(place), row.mark,
+                    steel(place).name, place == BarPlace::kStirrup ? L"(肢数须为双数)" : L"");
   }
   return text;
 }

@@ -64,6 +64,7 @@ class SectionForm {
   std::vector<std::unique_ptr<CaseRow>> cases;  // each keeps its address
   BarRow bars[4];                               // by BarPlace
   examples::SheetWords sheet;
+  std::wstring remark;  // on the last text typed; empty when it was taken as it stands
 
  private:
   const Steel& steel(BarPlace place) const;

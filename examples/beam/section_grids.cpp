@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "brindle/platform/base/convert.h"
+#include "brindle/platform/base/format.h"
 #include "brindle/platform/window/user_interface.h"
 
 namespace brindle::beam {
@@ -30,6 +32,22 @@ void BeamGrid::begin(int rows, const int* widths, const CString* titles) {
   edges[count + 1] = -1;
   IniEasyTable(rows, 0, edges, titles);
   AddReact(ETCR_MESSAGE, kSectionChanged);
+}
+
+void BeamGrid::DealChangeData(int hang, int lie, CString text) {
+  const CETCell* const cell = FindCell(hang, lie);
+  const bool is_mark = cell != nullptr && cell->m_nGangJinKind == 1;
+  if (!is_mark) form_.remark.clear();
+  if (cell != nullptr && cell->m_nType == ETCK_DOUBLE) {
+    const wchar_t* end = nullptr;
+    const double value = parse_double(text, &end);
+    const bool taken = end != text && *end == 0 && value >= cell->m_dMin && value <= cell->m_dMax;
+    if (!taken) {
+      form_.remark =
+          wformat(L"“%s”不是 %g～%g 的数，已取最近的值。", text, cell->m_dMin, cell->m_dMax);
+    }
+  }
+  CEasyTableWnd::DealChangeData(hang, lie, text);
 }
 
 CETCell* BeamGrid::Add_HunNingTu_JieBie(int hang, int lie, int* grade) {
@@ -129,7 +147,7 @@ void BarsGrid::AfterDataChange(int hang, int lie) {
 
 void BarsGrid::DealChangeData(int hang, int lie, CString text) {
   CETCell* const cell = FindCell(hang, lie);
-  refused.clear();
+  form_.remark.clear();
   if (cell != nullptr && cell->m_nGangJinKind == 1) {
     cell->m_nGangJinParam = form_.grade(kBarPlaces[hang - 1]);
     RebarText bars;
@@ -137,7 +155,9 @@ void BarsGrid::DealChangeData(int hang, int lie, CString text) {
     bars.m_nParam = cell->m_nGangJinParam;
     CString parsed = text;
     const int groups = bars.FromString_KnowReinID(parsed);
-    if (groups < 0 || groups > cell->m_nGangJinMax) refused = std::wstring(text);
+    if (groups < 0 || groups > cell->m_nGangJinMax) {
+      form_.remark = wformat(L"“%s”不是这里的配筋写法。", text);
+    }
   }
   BeamGrid::DealChangeData(hang, lie, text);
 }

@@ -24,6 +24,8 @@ class BeamGrid : public CEasyTableWnd {
 
  protected:
   explicit BeamGrid(SectionForm& form);
+  // Remarks on a number that can't be taken as it stands.
+  void DealChangeData(int hang, int lie, CString text) override;
   // Begins the cells: columns of these widths, ended by -1, and a text title for each. Every change
   // is sent to the window.
   void begin(int rows, const int* widths, const CString* titles);
@@ -47,8 +49,6 @@ class BarsGrid : public BeamGrid {
   void AfterDataChange(int hang, int lie) override;
   void DealChangeData(int hang, int lie, CString text) override;
   COLORREF GetHangLieTextColor(int hang, int lie) override;
-
-  std::wstring refused;  // the last text that was no mark; empty when it was one
 };
 
 // A row for each case; the row menu adds, deletes, inserts, copies and pastes.

@@ -140,7 +140,7 @@ void SectionWindow::show_results() {
   }
   figure_.show(form.input(), form.design());
   std::wstring text = form.verdict();
-  if (!bars.refused.empty()) text = wformat(L"“%s”不是这里的配筋写法。\n", bars.refused) + text;
+  if (!form.remark.empty()) text = form.remark + L"\n" + text;
   verdict_.SetWindowText((text + L"\n\n" + kLegend).c_str());
 }
 
