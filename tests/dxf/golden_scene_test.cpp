@@ -14,6 +14,7 @@
 #include "brindle/platform/graphics/dc.h"
 #include "brindle/platform/graphics/raster_device.h"
 #include "brindle/platform/graphics/recording_device.h"
+#include "brindle/platform/graphics/system_metrics.h"
 
 namespace brindle {
 namespace {
@@ -177,8 +178,9 @@ TEST_F(Golden, TextsStandAtTheirPoints) {
   EXPECT_EQ(count(144, 96, 155, 106, kWhite), 0);
 }
 
-// What a recorder heard draws the same picture.
+// What a recorder heard draws the same picture, and the screen is as large as before.
 TEST_F(Golden, DevicesGetTheSameFigures) {
+  const int width = GetSystemMetrics(SM_CXSCREEN);
   RecordingDevice recorder(CSize(1600, 1200));
   CDC dc(recorder);
   PictureView view;
@@ -187,6 +189,8 @@ TEST_F(Golden, DevicesGetTheSameFigures) {
   RasterDevice replayed(1600, 1200);
   recorder.replay(replayed);
   EXPECT_TRUE(replayed.bitmap() == device->bitmap());
+  EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), width);
+  EXPECT_NE(width, 1600);
 }
 
 }  // namespace
