@@ -24,8 +24,8 @@ struct PictureView {
 // middle at scale 1.
 CFCoor picture_transform(DXF& drawing, const PictureView& view);
 
-// Paints the drawing onto the device, whose clipping limits are the view's size meanwhile. The document's
-// current transform is as before afterwards. 1; 0 outside memory mode.
+// Paints the drawing onto the device, whose clipping limits are the view's size meanwhile. The
+// document's current transform is as before afterwards. 1; 0 outside memory mode.
 int draw_picture(DXF& drawing, CDC& dc, const PictureView& view);
 
 }  // namespace brindle
