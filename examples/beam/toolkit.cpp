@@ -16,7 +16,8 @@ namespace brindle::beam {
 int run_with_windows(int argc, char** argv, int (*work)()) {
   bool display = false;
   for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-    display = display || std::getenv(name) != nullptr;
+    const char* const value = std::getenv(name);
+    display = display || (value != nullptr && *value != 0);
   }
   if (!display) {
     std::fputs("beam: no display; --batch needs none\n", stderr);
