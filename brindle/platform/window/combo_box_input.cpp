@@ -4,6 +4,7 @@
 #include "brindle/platform/graphics/system_metrics.h"
 #include "brindle/platform/window/combo_list_internal.h"
 #include "brindle/platform/window/control_paint_internal.h"
+#include "brindle/platform/window/owner_draw_internal.h"
 #include "brindle/platform/window/window_dc.h"
 
 namespace brindle {
@@ -212,17 +213,7 @@ void CComboBox::OnPaint() {
 }
 
 BOOL CComboBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-  if (!owner_draws()) return CWnd::OnChildNotify(message, wParam, lParam, result);
-  switch (message) {
-    case WM_DRAWITEM:
-      return DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)), TRUE;
-    case WM_MEASUREITEM:
-      return MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)), TRUE;
-    case WM_COMPAREITEM:
-      return *result = CompareItem(reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam)), TRUE;
-    case WM_DELETEITEM:
-      return DeleteItem(reinterpret_cast<LPDELETEITEMSTRUCT>(lParam)), TRUE;
-  }
+  if (owner_draws() && ask_list_itself(*this, message, lParam, result)) return TRUE;
   return CWnd::OnChildNotify(message, wParam, lParam, result);
 }
 

@@ -4,6 +4,7 @@
 #include "brindle/platform/graphics/system_metrics.h"
 #include "brindle/platform/window/control_paint_internal.h"
 #include "brindle/platform/window/list_box.h"
+#include "brindle/platform/window/owner_draw_internal.h"
 #include "brindle/platform/window/window_dc.h"
 
 namespace brindle {
@@ -147,17 +148,7 @@ void CListBox::OnPaint() {
 }
 
 BOOL CListBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-  if (!owner_draws()) return CWnd::OnChildNotify(message, wParam, lParam, result);
-  switch (message) {
-    case WM_DRAWITEM:
-      return DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)), TRUE;
-    case WM_MEASUREITEM:
-      return MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)), TRUE;
-    case WM_COMPAREITEM:
-      return *result = CompareItem(reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam)), TRUE;
-    case WM_DELETEITEM:
-      return DeleteItem(reinterpret_cast<LPDELETEITEMSTRUCT>(lParam)), TRUE;
-  }
+  if (owner_draws() && ask_list_itself(*this, message, lParam, result)) return TRUE;
   return CWnd::OnChildNotify(message, wParam, lParam, result);
 }
 
