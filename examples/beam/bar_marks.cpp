@@ -21,11 +21,6 @@ std::wstring symbol(const Steel& steel, MarkForm form) {
                              : static_cast<wchar_t>(L'A' + grade_of(steel) - 1));
 }
 
-int family(BarPlace place) {
-  if (place == BarPlace::kStirrup) return kStirrups;
-  return place == BarPlace::kSide ? kSideBars : kMainBars;
-}
-
 struct PlaceWords {
   const wchar_t* name;
   const wchar_t* example;
@@ -46,6 +41,11 @@ BarRows rows_of(const RebarText& text, Face face) {
 }
 
 }  // namespace
+
+int bar_family(BarPlace place) {
+  if (place == BarPlace::kStirrup) return kStirrups;
+  return place == BarPlace::kSide ? kSideBars : kMainBars;
+}
 
 const wchar_t* place_name(BarPlace place) {
   return kPlaceWords[static_cast<int>(place)].name;
@@ -77,7 +77,7 @@ std::wstring side_mark(const SideBars& bars, const Steel& steel, MarkForm form) 
 
 bool read_mark(const std::wstring& text, BarPlace place, const Steel& steel, ChosenBars* bars) {
   RebarText mark;
-  mark.m_nGangJinType = family(place);
+  mark.m_nGangJinType = bar_family(place);
   mark.m_nParam = grade_of(steel);
   CString typed(text);
   if (mark.FromString_KnowReinID(typed) != 1) return false;

@@ -25,6 +25,8 @@ enum class BarPlace { kBottom, kTop, kStirrup, kSide };
 inline constexpr BarPlace kBarPlaces[] = {BarPlace::kBottom, BarPlace::kTop, BarPlace::kStirrup,
                                           BarPlace::kSide};
 
+// The family of its marks, a BarFamily.
+int bar_family(BarPlace place);
 const wchar_t* place_name(BarPlace place);     // "下部纵筋"
 const wchar_t* place_example(BarPlace place);  // a mark such as "6C28 2/4"
 

@@ -27,16 +27,19 @@ CString ratio(double value) {
   return CString(wformat(L"%.3f", value));
 }
 
-// The mark with the letter of its grade put right.
-CString with_grade(const CString& mark, BarPlace place, int from, int to) {
+// Where a mark has the letter of its grade.
+size_t grade_letter(const std::wstring& mark) {
+  return mark.find_first_of(L"ABCD");
+}
+
+// The mark in another grade, or as it is when such bars aren't made.
+CString with_grade(const CString& mark, BarPlace place, int grade) {
   std::wstring text(mark);
-  const size_t letter = text.find(static_cast<wchar_t>(L'A' + from - 1));
+  const size_t letter = grade_letter(text);
   if (letter == std::wstring::npos) return mark;
-  text[letter] = static_cast<wchar_t>(L'A' + to - 1);
+  text[letter] = static_cast<wchar_t>(L'A' + grade - 1);
   RebarText bars;
-  bars.m_nGangJinType = place == BarPlace::kStirrup ? kStirrups
-                        : place == BarPlace::kSide  ? kSideBars
-                                                    : kMainBars;
+  bars.m_nGangJinType = bar_family(place);
   CString changed(text);
   return bars.FromString_KnowReinID(changed) > 0 ? changed : mark;
 }
@@ -79,7 +82,7 @@ int SectionForm::grade(BarPlace place) const {
 
 void SectionForm::take_grade(BarPlace place) {
   const std::wstring text(bars[static_cast<int>(place)].mark);
-  const size_t letter = text.find_first_of(L"ABCD");
+  const size_t letter = grade_letter(text);
   if (letter == std::wstring::npos) return;
   const int typed = text[letter] - L'A';
   (place == BarPlace::kStirrup ? stirrup_steel : main_steel) = typed;
@@ -108,13 +111,9 @@ SectionInput SectionForm::input() const {
 
 void SectionForm::calculate() {
   // A change of a material changes the marks that name it.
-  for (size_t i = 0; i < 4; ++i) {
-    const BarPlace place = place_of(i);
-    for (int other = kHpb300; other <= kHrb500; ++other) {
-      if (other != grade(place)) {
-        bars[i].mark = with_grade(bars[i].mark, place, other, grade(place));
-      }
-    }
+  for (const BarPlace place : kBarPlaces) {
+    CString& mark = bars[static_cast<int>(place)].mark;
+    mark = with_grade(mark, place, grade(place));
   }
   const SectionInput section = input();
   const DesignStatus status = design_section(section, &design_);

@@ -21,16 +21,10 @@ BeamGrid::BeamGrid(SectionForm& form) : form_(form) {
   m_nTitleHeight = kRowHeight;
 }
 
-void BeamGrid::begin(int rows, const int* widths, const CString* titles) {
+void BeamGrid::begin(int rows, int* widths, const CString* titles) {
   ClearEasyTable();
-  int edges[16] = {0};
-  int count = 0;
-  while (widths[count] != -1) {
-    edges[count + 1] = edges[count] + widths[count];
-    ++count;
-  }
-  edges[count + 1] = -1;
-  IniEasyTable(rows, 0, edges, titles);
+  LieWid2LiePos(widths);
+  IniEasyTable(rows, 0, widths, titles);
   AddReact(ETCR_MESSAGE, kSectionChanged);
 }
 
@@ -86,7 +80,7 @@ SectionGrid::~SectionGrid() {
 }
 
 void SectionGrid::ReSetCellData() {
-  const int widths[] = {100, 150, 56, -1};
+  int widths[] = {0, 100, 150, 56, -1};
   const CString titles[] = {L"截面与材料", L"数值", L"单位"};
   begin(7, widths, titles);
   AddText(1, 1, L"构件名");
@@ -121,11 +115,10 @@ BarsGrid::~BarsGrid() {
 }
 
 void BarsGrid::ReSetCellData() {
-  const int widths[] = {72, 56, 94, 42, 42, -1};
+  int widths[] = {0, 72, 56, 94, 42, 42, -1};
   const CString titles[] = {L"配筋", L"由谁选", L"写法", L"需要", L"实配"};
   begin(4, widths, titles);
   const CString choosers[] = {L"程序", L"指定"};
-  const int families[] = {kMainBars, kMainBars, kStirrups, kSideBars};
   for (const BarPlace place : kBarPlaces) {
     const int index = static_cast<int>(place), hang = index + 1;
     BarRow& row = form_.bars[index];
@@ -133,7 +126,7 @@ void BarsGrid::ReSetCellData() {
     CString rule = L"V,==,0,?,GR,:,ED";
     AddInt(hang, 2, &row.chosen, 2, choosers)->AddReact(ETCR_CELL_STATE, hang, 3, rule);
     CETCell* const mark = Add_GangJin_String(
-        hang, 3, &row.mark, static_cast<GANGJIN_TYPE>(families[index]), form_.grade(place), 1);
+        hang, 3, &row.mark, static_cast<GANGJIN_TYPE>(bar_family(place)), form_.grade(place), 1);
     CString prompt = place_example(place);
     mark->SetTiShi(L"如 " + prompt + L"；A～D 为 HPB300～HRB500");
     AddCString(hang, 4, &row.needed)->SetState(ETCS_GRAY);
@@ -184,7 +177,7 @@ CasesGrid::~CasesGrid() {
 }
 
 void CasesGrid::ReSetCellData() {
-  const int widths[] = {44, 174, 80, 80, 94, 84, -1};  // beside them a scroll bar has room
+  int widths[] = {0, 44, 174, 80, 80, 94, 84, -1};  // beside them a scroll bar has room
   const CString titles[] = {L"工况", L"名称", L"M (kN·m)", L"V (kN)", L"需 As (mm2)", L"需 Asv/s"};
   begin(static_cast<int>(form_.cases.size()), widths, titles);
   for (size_t i = 0; i < form_.cases.size(); ++i) {

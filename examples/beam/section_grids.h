@@ -26,9 +26,9 @@ class BeamGrid : public CEasyTableWnd {
   explicit BeamGrid(SectionForm& form);
   // Remarks on a number that can't be taken as it stands.
   void DealChangeData(int hang, int lie, CString text) override;
-  // Begins the cells: columns of these widths, ended by -1, and a text title for each. Every change
-  // is sent to the window.
-  void begin(int rows, const int* widths, const CString* titles);
+  // Begins the cells: a 0 and the widths of the columns, ended by -1, and a text title for each.
+  // Every change is sent to the window.
+  void begin(int rows, int* widths, const CString* titles);
 
   SectionForm& form_;
 };
